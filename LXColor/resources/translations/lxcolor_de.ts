@@ -1,0 +1,522 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>ChromaticityDiagram</name>
+    <message>
+        <source>Requested</source>
+        <translation>Gewünscht</translation>
+    </message>
+    <message>
+        <source>Achieved</source>
+        <translation>Erreicht</translation>
+    </message>
+    <message>
+        <source>Blackbody</source>
+        <translation>Schwarzer Strahler</translation>
+    </message>
+    <message>
+        <source>Daylight</source>
+        <translation>Tageslicht</translation>
+    </message>
+    <message>
+        <source>CCT and tint</source>
+        <translation>Farbtemperatur und Farbstich</translation>
+    </message>
+    <message>
+        <source>%1 K</source>
+        <translation>%1 K</translation>
+    </message>
+    <message>
+        <source>%1 nm</source>
+        <translation>%1 nm</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentChecker</name>
+    <message>
+        <source>The list has no colours.</source>
+        <translation>Die Liste hat keine Farben.</translation>
+    </message>
+    <message>
+        <source>A colour that is not directly inside a list is ignored.</source>
+        <translation>Eine Farbe, die nicht unmittelbar in einer Liste steht, wird nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The list has no name.</source>
+        <translation>Die Liste hat keinen Namen.</translation>
+    </message>
+    <message>
+        <source>The colour has no name and is called %1.</source>
+        <translation>Die Farbe hat keinen Namen und heißt dann %1.</translation>
+    </message>
+    <message>
+        <source>The colour has no uid.</source>
+        <translation>Die Farbe hat keine uid.</translation>
+    </message>
+    <message>
+        <source>The colour has no value and is left out.</source>
+        <translation>Die Farbe hat keinen Wert und entfällt.</translation>
+    </message>
+    <message>
+        <source>The value is too long to be checked.</source>
+        <translation>Der Wert ist zu lang, um geprüft zu werden.</translation>
+    </message>
+    <message>
+        <source>%1 is no colour and is left out.</source>
+        <translation>%1 ist keine Farbe und entfällt.</translation>
+    </message>
+    <message>
+        <source>%1 is read as %2.</source>
+        <translation>%1 wird als %2 gelesen.</translation>
+    </message>
+    <message>
+        <source>The intensity is not from 0 to 1, or a value is not finite.</source>
+        <translation>Die Intensität liegt nicht zwischen 0 und 1, oder ein Wert ist nicht endlich.</translation>
+    </message>
+    <message>
+        <source>No fixture has the profile %1.</source>
+        <translation>Kein Scheinwerfer hat das Profil %1.</translation>
+    </message>
+    <message>
+        <source>The colour has %1 levels, but its layout %2 channels.</source>
+        <translation>Die Farbe hat %1 Pegel, ihr Kanalaufbau aber %2 Kanäle.</translation>
+    </message>
+    <message>
+        <source>The uid %1 is that of a colour of line %2, which is left out.</source>
+        <translation>Die uid %1 hat schon eine Farbe in Zeile %2, die damit entfällt.</translation>
+    </message>
+    <message>
+        <source>The uid %1 is that of a colour of line %2: it finds only one of them.</source>
+        <translation>Die uid %1 hat schon eine Farbe in Zeile %2: Über sie wird nur eine davon gefunden.</translation>
+    </message>
+    <message>
+        <source>Elements are nested too deeply: nothing of the file is read.</source>
+        <translation>Elemente sind zu tief geschachtelt: Von der Datei wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>Entities are declared, or the document type declaration is long: nothing of the file is read.</source>
+        <translation>Entitäten sind deklariert, oder die Dokumenttyp-Deklaration ist lang: Von der Datei wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>Not well-formed, nothing of the file is read: %1</source>
+        <translation>Nicht wohlgeformt, von der Datei wird nichts gelesen: %1</translation>
+    </message>
+    <message>
+        <source>There is nothing in it that the library reads.</source>
+        <translation>Darin ist nichts, was die Bibliothek liest.</translation>
+    </message>
+    <message>
+        <source>There is no list in it.</source>
+        <translation>Darin ist keine Liste.</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MiB and is not read.</source>
+        <translation>Die Datei ist größer als %1 MiB und wird nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>There is too much between two tags: nothing of the file is read.</source>
+        <translation>Zwischen zwei Tags steht zu viel: Von der Datei wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>There are too many lists or colours: nothing of the file is read.</source>
+        <translation>Es gibt zu viele Listen oder Farben: Von der Datei wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>An element has too many attributes: nothing of the file is read.</source>
+        <translation>Ein Element hat zu viele Attribute: Von der Datei wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>A channel outside a profile is ignored.</source>
+        <translation>Ein Kanal außerhalb eines Profils wird nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 has no %2, which counts as 0.</source>
+        <translation>%1 hat kein %2, was als 0 zählt.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 is %3, which is no number and counts as 0.</source>
+        <translation>%1 von %2 ist %3, was keine Zahl ist und als 0 zählt.</translation>
+    </message>
+    <message>
+        <source>The profile has no name.</source>
+        <translation>Das Profil hat keinen Namen.</translation>
+    </message>
+    <message>
+        <source>The channel has no name to be shown.</source>
+        <translation>Der Kanal hat keinen Namen, der gezeigt werden könnte.</translation>
+    </message>
+    <message>
+        <source>There is a channel %1 already: it and those after it move up by one.</source>
+        <translation>Es gibt schon einen Kanal %1: Er und die danach rücken um einen weiter.</translation>
+    </message>
+    <message>
+        <source>X, Y and Z are 0: the channel gives no light.</source>
+        <translation>X, Y und Z sind 0: Der Kanal gibt kein Licht.</translation>
+    </message>
+    <message>
+        <source>X, Y or Z is negative, which no light has.</source>
+        <translation>X, Y oder Z ist negativ, was kein Licht hat.</translation>
+    </message>
+    <message>
+        <source>Profile %1 has %2 channels, but its layout %3: those beyond are not used.</source>
+        <translation>Profil %1 hat %2 Kanäle, sein Kanalaufbau aber %3: Die weiteren werden nicht verwendet.</translation>
+    </message>
+    <message>
+        <source>Profile %1 replaces that of line %2, which has no effect.</source>
+        <translation>Profil %1 ersetzt das aus Zeile %2, das damit wirkungslos ist.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is rejected: red, green and blue are needed, but it has %2 channels.</source>
+        <translation>Profil %1 wird abgelehnt: Nötig sind Rot, Grün und Blau, es hat aber %2 Kanäle.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is rejected: it has %2 channels, but its layout %3.</source>
+        <translation>Profil %1 wird abgelehnt: Es hat %2 Kanäle, sein Kanalaufbau aber %3.</translation>
+    </message>
+    <message>
+        <source>Elements are nested too deeply: nothing is read from here on.</source>
+        <translation>Elemente sind zu tief geschachtelt: Ab hier wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>Entities are declared: nothing is read from here on.</source>
+        <translation>Entitäten sind deklariert: Ab hier wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is not from -1 to 10: nothing is read from here on.</source>
+        <translation>Profil %1 liegt nicht zwischen -1 und 10: Ab hier wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is rejected: this one begins inside it.</source>
+        <translation>Profil %1 wird abgelehnt: Dieses hier beginnt darin.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is rejected: the channel&apos;s index does not follow the %2 before it.</source>
+        <translation>Profil %1 wird abgelehnt: Der Index des Kanals schließt nicht an die %2 davor an.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is rejected: it has more than %2 channels.</source>
+        <translation>Profil %1 wird abgelehnt: Es hat mehr als %2 Kanäle.</translation>
+    </message>
+    <message>
+        <source>Profile %1 is rejected: X, Y and Z, or their sum, are not finite.</source>
+        <translation>Profil %1 wird abgelehnt: X, Y und Z oder ihre Summe sind nicht endlich.</translation>
+    </message>
+    <message>
+        <source>Not well-formed, nothing is read from here on: %1.</source>
+        <translation>Nicht wohlgeformt, ab hier wird nichts gelesen: %1.</translation>
+    </message>
+    <message>
+        <source>There is no profile in it.</source>
+        <translation>Darin ist kein Profil.</translation>
+    </message>
+    <message>
+        <source>Not well-formed, although the library reads it: %1</source>
+        <translation>Nicht wohlgeformt, auch wenn die Bibliothek es liest: %1</translation>
+    </message>
+    <message>
+        <source>The encoding %1 is not known, or the text is in another one.</source>
+        <translation>Die Kodierung %1 ist nicht bekannt, oder der Text hat eine andere.</translation>
+    </message>
+    <message>
+        <source>The chromaticity %1, %2 is outside the spectral locus.</source>
+        <translation>Der Farbort %1, %2 liegt außerhalb des Spektralfarbenzugs.</translation>
+    </message>
+    <message>
+        <source>%1 has an attribute %2, which is ignored.</source>
+        <translation>%1 hat ein Attribut %2, das nicht gelesen wird.</translation>
+    </message>
+    <message>
+        <source>The element %1 is ignored.</source>
+        <translation>Das Element %1 wird nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 more findings are not listed.</source>
+        <translation>%1 weitere Befunde sind nicht aufgeführt.</translation>
+    </message>
+    <message>
+        <source>The database is too long: nothing is read from here on.</source>
+        <translation>Die Datenbank ist zu lang: Ab hier wird nichts gelesen.</translation>
+    </message>
+    <message>
+        <source>No text in the encoding of the document, or a control character: it is read as another.</source>
+        <translation>Kein Text in der Kodierung des Dokuments oder ein Steuerzeichen: Gelesen wird etwas anderes.</translation>
+    </message>
+    <message>
+        <source>The list has no isUserLibrary and is loaded as a preset list.</source>
+        <translation>Der Liste fehlt isUserLibrary; sie wird als Vorgabenliste geladen.</translation>
+    </message>
+    <message>
+        <source>isUserLibrary is %1, which is no number: the list is loaded as a preset list.</source>
+        <translation>isUserLibrary ist %1 und damit keine Zahl: Die Liste wird als Vorgabenliste geladen.</translation>
+    </message>
+    <message>
+        <source>So many colours: uids are not compared from here on.</source>
+        <translation>Sehr viele Farben: Ab hier werden die uids nicht mehr verglichen.</translation>
+    </message>
+    <message>
+        <source>So much between two tags: the rest is not checked.</source>
+        <translation>Sehr viel zwischen zwei Tags: Der Rest wird nicht geprüft.</translation>
+    </message>
+</context>
+<context>
+    <name>FrameRenderer</name>
+    <message>
+        <source>Fixture %1: there is no profile %2.</source>
+        <translation>Scheinwerfer %1: Es gibt kein Profil %2.</translation>
+    </message>
+    <message>
+        <source>Fixture %1: there is no IO mode %2.</source>
+        <translation>Scheinwerfer %1: Es gibt keinen IO-Modus %2.</translation>
+    </message>
+    <message>
+        <source>Fixture %1: universe %2 is not in 1 to %3.</source>
+        <translation>Scheinwerfer %1: Universum %2 liegt nicht zwischen 1 und %3.</translation>
+    </message>
+    <message>
+        <source>Fixture %1 has %2 channels; 1 to %3 are possible.</source>
+        <translation>Scheinwerfer %1 hat %2 Kanäle; möglich sind 1 bis %3.</translation>
+    </message>
+    <message>
+        <source>Fixture %1: slot %2 of universe %3 is not in 1 to %4.</source>
+        <translation>Scheinwerfer %1: Slot %2 von Universum %3 liegt nicht zwischen 1 und %4.</translation>
+    </message>
+    <message>
+        <source>Fixture %1: slot %2 of universe %3 is taken by fixture %4.</source>
+        <translation>Scheinwerfer %1: Slot %2 von Universum %3 ist von Scheinwerfer %4 belegt.</translation>
+    </message>
+</context>
+<context>
+    <name>LXColorLibrary</name>
+    <message>
+        <source>Swatches</source>
+        <translation>Farbfelder</translation>
+    </message>
+    <message>
+        <source>Color ID</source>
+        <translation>Farb-ID</translation>
+    </message>
+</context>
+<context>
+    <name>MatchReport</name>
+    <message>
+        <source>Intensity</source>
+        <translation>Intensität</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>Kanal %1</translation>
+    </message>
+    <message>
+        <source>the red-green edge</source>
+        <translation>die Rot-Grün-Kante</translation>
+    </message>
+    <message>
+        <source>the green-blue edge</source>
+        <translation>die Grün-Blau-Kante</translation>
+    </message>
+    <message>
+        <source>the blue-red edge</source>
+        <translation>die Blau-Rot-Kante</translation>
+    </message>
+    <message>
+        <source>the red corner</source>
+        <translation>die rote Ecke</translation>
+    </message>
+    <message>
+        <source>the green corner</source>
+        <translation>die grüne Ecke</translation>
+    </message>
+    <message>
+        <source>the blue corner</source>
+        <translation>die blaue Ecke</translation>
+    </message>
+    <message>
+        <source>the gamut</source>
+        <translation>den Farbraum</translation>
+    </message>
+    <message>
+        <source>an unknown distance</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>less than 0.0005 u&apos;v&apos;</source>
+        <translation>kleiner als 0.0005 u&apos;v&apos;</translation>
+    </message>
+    <message>
+        <source>%1 u&apos;v&apos;</source>
+        <translation>%1 u&apos;v&apos;</translation>
+    </message>
+    <message>
+        <source>Too dim for 16 bits: %1 stays dark.</source>
+        <translation>Zu dunkel für 16 Bit: %1 bleibt dunkel.</translation>
+    </message>
+    <message>
+        <source>Too dim for 8 bits: %1 stays dark.</source>
+        <translation>Zu dunkel für 8 Bit: %1 bleibt dunkel.</translation>
+    </message>
+    <message>
+        <source>Single channel: %1 at %2 % of its light, without a colour of its own.</source>
+        <translation>Einzelkanal: %1 mit %2 % seines Lichts, ohne eigene Farbe.</translation>
+    </message>
+    <message>
+        <source>Not a colour: %1 stays dark.</source>
+        <translation>Keine Farbe: %1 bleibt dunkel.</translation>
+    </message>
+    <message>
+        <source>A colour whose values are not numbers: there is nothing to match on %1.</source>
+        <translation>Eine Farbe, deren Werte keine Zahlen sind: Für %1 gibt es nichts zu treffen.</translation>
+    </message>
+    <message>
+        <source>Black: %1 stays dark.</source>
+        <translation>Schwarz: %1 bleibt dunkel.</translation>
+    </message>
+    <message>
+        <source>No mix of the emitters of %1 was found for this colour: it stays dark.</source>
+        <translation>Für diese Farbe wurde keine Mischung der Emitter von %1 gefunden: Er bleibt dunkel.</translation>
+    </message>
+    <message>
+        <source>Single channel: this colour has no level for %1, which stays dark.</source>
+        <translation>Einzelkanal: Diese Farbe hat keinen Pegel für %1, der dunkel bleibt.</translation>
+    </message>
+    <message>
+        <source>Passed through to %1 as it is: %2 from the light that the colour means.</source>
+        <translation>Unverändert an %1 durchgereicht; Abweichung vom Licht, das die Farbe meint: %2.</translation>
+    </message>
+    <message>
+        <source>Inside the gamut of %1: matched, %2 off.</source>
+        <translation>Innerhalb des Farbraums von %1: getroffen, Abweichung %2.</translation>
+    </message>
+    <message>
+        <source>Outside the gamut of %1: moved %2 to %3.</source>
+        <translation>Außerhalb des Farbraums von %1: auf %3 verschoben, Abstand %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Linear (Default)</source>
+        <translation>Linear (Standard)</translation>
+    </message>
+    <message>
+        <source>Normal (LX Gamma)</source>
+        <translation>Normal (LX-Gamma)</translation>
+    </message>
+    <message>
+        <source>Tungsten/Incandescent</source>
+        <translation>Halogen/Glühlampe</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Amber</source>
+        <translation>Amber</translation>
+    </message>
+    <message>
+        <source>Mint</source>
+        <translation>Mint</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>RGB In/Out</source>
+        <translation>RGB Ein-/Ausgang</translation>
+    </message>
+    <message>
+        <source>RGBA In/Out</source>
+        <translation>RGBA Ein-/Ausgang</translation>
+    </message>
+    <message>
+        <source>RGBW In/Out</source>
+        <translation>RGBW Ein-/Ausgang</translation>
+    </message>
+    <message>
+        <source>RGBAW In/Out</source>
+        <translation>RGBAW Ein-/Ausgang</translation>
+    </message>
+    <message>
+        <source>RGBWW In/Out</source>
+        <translation>RGBWW Ein-/Ausgang</translation>
+    </message>
+    <message>
+        <source>RGB In / RGBA Out</source>
+        <translation>RGB-Eingang / RGBA-Ausgang</translation>
+    </message>
+    <message>
+        <source>RGB In / RGBW Out</source>
+        <translation>RGB-Eingang / RGBW-Ausgang</translation>
+    </message>
+    <message>
+        <source>RGB In / RGBAW Out</source>
+        <translation>RGB-Eingang / RGBAW-Ausgang</translation>
+    </message>
+    <message>
+        <source>RGB In / RGBWW Out</source>
+        <translation>RGB-Eingang / RGBWW-Ausgang</translation>
+    </message>
+    <message>
+        <source>Single Channel In/Out</source>
+        <translation>Einzelkanal Ein-/Ausgang</translation>
+    </message>
+    <message>
+        <source>Generic RGB</source>
+        <translation>Allgemeines RGB</translation>
+    </message>
+    <message>
+        <source>Flare/Flash QVS</source>
+        <translation>Flare/Flash QVS</translation>
+    </message>
+    <message>
+        <source>PrismaFlow CoveStrip</source>
+        <translation>PrismaFlow CoveStrip</translation>
+    </message>
+    <message>
+        <source>Generic RGBW</source>
+        <translation>Allgemeines RGBW</translation>
+    </message>
+    <message>
+        <source>Single Channel</source>
+        <translation>Einzelkanal</translation>
+    </message>
+    <message>
+        <source>WashLine QP6 RGBA</source>
+        <translation>WashLine QP6 RGBA</translation>
+    </message>
+    <message>
+        <source>WashLine QP6 RGBW</source>
+        <translation>WashLine QP6 RGBW</translation>
+    </message>
+    <message>
+        <source>PixelNode RGB</source>
+        <translation>PixelNode RGB</translation>
+    </message>
+    <message>
+        <source>FloodBar ZN2 RGBA</source>
+        <translation>FloodBar ZN2 RGBA</translation>
+    </message>
+    <message>
+        <source>FloodBar ZN2 RGBW</source>
+        <translation>FloodBar ZN2 RGBW</translation>
+    </message>
+    <message>
+        <source>Found NULL LXColorLibrary element</source>
+        <translation>Leeres LXColorLibrary-Element gefunden</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,55 @@
+#include "FixtureTables_p.h"
+#include "PreparedSolver_p.h"
+#include "SolverCache_p.h"
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace lxcolor {
+
+namespace {
+
+// Other threads may be using a solver while it is replaced, so replaced ones are kept, and only so many are made.
+constexpr size_t kMostPreparations = 4;
+
+struct Slot
+{
+    std::atomic<const PreparedSolver*> current{nullptr};
+    std::mutex mutex;
+    std::vector<std::unique_ptr<const PreparedSolver>> prepared; ///< Guarded by the mutex.
+};
+
+/// The slot's solver for these emitters; null when it has been prepared too often.
+const PreparedSolver* prepare(Slot& slot, const EmitterView& emitters, int count)
+{
+    const std::lock_guard<std::mutex> lock(slot.mutex);
+    const PreparedSolver* current = slot.current.load(std::memory_order_acquire);
+    if (current && current->isFor(emitters))
+        return current;
+    if (slot.prepared.size() == kMostPreparations)
+        return nullptr;
+    slot.prepared.push_back(std::make_unique<const PreparedSolver>(emitters, count));
+    slot.current.store(slot.prepared.back().get(), std::memory_order_release);
+    return slot.prepared.back().get();
+}
+
+} // namespace
+
+LevelSet solveForRecord(int recordId, const EmitterView& emitters, int count, Chromaticity xy)
+{
+    static auto* const slots = new Slot[kProfileCount][kMaxEmitters + 1];
+
+    const EmitterView used = {emitters.X, emitters.Y, emitters.Z, std::min({emitters.count, count, kMaxEmitters})};
+    if (recordId < 0 || recordId >= kProfileCount)
+        return solveBrightestMix(used, xy);
+    Slot& slot = slots[recordId][used.count];
+    const PreparedSolver* solver = slot.current.load(std::memory_order_acquire);
+    if (!solver || !solver->isFor(used))
+        solver = prepare(slot, used, used.count);
+    return solver ? solver->solve(xy) : solveBrightestMix(used, xy);
+}
+
+} // namespace lxcolor

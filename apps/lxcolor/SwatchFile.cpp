@@ -1,0 +1,104 @@
+#include "SwatchFile.h"
+
+#include "CommandError.h"
+#include "OrbisProjectHelper.h"
+
+#include <QDomDocument>
+#include <QFile>
+#include <QXmlStreamReader>
+
+namespace {
+
+// A document model is built by functions that call themselves for each level.
+constexpr int kDeepestElement = 256;
+
+CommandError fault(const QString& fileName, qint64 line, qint64 column, const QString& what)
+{
+    return CommandError(
+        QStringLiteral("%1:%2:%3: %4").arg(printable(fileName)).arg(line).arg(column).arg(printable(what)));
+}
+
+/// Reads through the file once without keeping anything, so that what follows meets well-formed XML of a sane depth.
+void checkXml(QFile& file)
+{
+    QXmlStreamReader reader(&file);
+    int depth = 0;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isStartElement() && ++depth > kDeepestElement)
+            throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(),
+                        QStringLiteral("elements are nested deeper than %1 levels").arg(kDeepestElement));
+        if (reader.isEndElement())
+            --depth;
+        if (reader.isEntityReference() || (reader.isDTD() && !reader.entityDeclarations().isEmpty()))
+            throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(),
+                        QStringLiteral("entities are not supported"));
+    }
+    if (reader.hasError())
+        throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(), reader.errorString());
+    file.seek(0);
+}
+
+QDomDocument readDocument(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        throw CommandError(QStringLiteral("%1: %2").arg(printable(fileName), printable(file.errorString())));
+    checkXml(file);
+    QDomDocument document;
+    QString what;
+    int line = 0;
+    int column = 0;
+    if (!document.setContent(&file, true, &what, &line, &column))
+        throw fault(fileName, line, column, what);
+    return document;
+}
+
+} // namespace
+
+QVector<SwatchList> readSwatchFile(const QString& fileName)
+{
+    QVector<SwatchList> lists;
+    OrbisProjectHelper helper;
+    QObject::connect(&helper, &OrbisProjectHelper::insertList, [&](const QString& name, bool isUserList) {
+        lists.append({name, isUserList, {}});
+    });
+    QObject::connect(
+        &helper, &OrbisProjectHelper::insertColor,
+        [&](const QString& uid, const QString& name, const QString& valueString, const QString& originatingPreset,
+            const QString& /*listId*/, const QString& vendorId) {
+            lists.last().colors.append({name, uid, valueString, originatingPreset, vendorId, LXColor(valueString)});
+        });
+    QDomDocument document = readDocument(fileName);
+    QString emptyLists;
+    QStringList oldPresets;
+    constexpr double kCurrentVersion = 1.0;
+    helper.loadDocument(document, emptyLists, kCurrentVersion, oldPresets);
+    return lists;
+}
+
+QString standAloneDocument(const SwatchList& list)
+{
+    QStringList uids;
+    QStringList names;
+    QStringList values;
+    QStringList presets;
+    QStringList vendorIds;
+    for (const Swatch& swatch : list.colors) {
+        if (!swatch.color.isValid())
+            continue;
+        uids << QString();
+        names << swatch.name;
+        values << swatch.color.aName();
+        presets << swatch.originatingPreset;
+        vendorIds << swatch.vendorId;
+    }
+    QDomDocument document;
+    bool isDone = false;
+    OrbisProjectHelper helper;
+    QDomElement element = helper.createElement(document, isDone, uids, names, values, presets, vendorIds);
+    element.setAttribute(QStringLiteral("name"), list.name);
+    element.setAttribute(QStringLiteral("isUserLibrary"), 1);
+    document.appendChild(element);
+    return document.toString(1);
+}

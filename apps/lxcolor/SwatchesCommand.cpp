@@ -1,0 +1,112 @@
+#include "CommandError.h"
+#include "NameLookup.h"
+#include "Output.h"
+#include "SubcommandLine.h"
+#include "Subcommands.h"
+#include "SwatchFile.h"
+#include "Table.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace {
+
+QJsonObject toJson(const Swatch& swatch)
+{
+    QJsonObject object{
+        {QStringLiteral("name"), swatch.name},         {QStringLiteral("uid"), swatch.uid},
+        {QStringLiteral("value"), swatch.valueString}, {QStringLiteral("originatingPreset"), swatch.originatingPreset},
+        {QStringLiteral("vendorId"), swatch.vendorId}, {QStringLiteral("readable"), swatch.color.isValid()}};
+    if (swatch.color.isValid())
+        object.insert(QStringLiteral("rgb"), swatch.color.name8());
+    return object;
+}
+
+QJsonObject toJson(const QString& fileName, const SwatchList& list)
+{
+    QJsonArray colors;
+    for (const Swatch& swatch : list.colors)
+        colors.append(toJson(swatch));
+    return {{QStringLiteral("file"), fileName},
+            {QStringLiteral("list"), list.name},
+            {QStringLiteral("userList"), list.isUserList},
+            {QStringLiteral("colors"), colors}};
+}
+
+void writeTable(const QString& fileName, const SwatchList& list, bool swatches)
+{
+    writeLine(QStringLiteral("%1: %2 (%3, %4 colours)")
+                  .arg(printable(fileName), printable(list.name),
+                       list.isUserList ? QStringLiteral("user list") : QStringLiteral("preset or project list"))
+                  .arg(list.colors.size()));
+    const Table table({QStringLiteral("Red"), QStringLiteral("Green"), QStringLiteral("Blue")}, 3, swatches);
+    if (!list.colors.isEmpty())
+        table.writeHeads();
+    for (const Swatch& swatch : list.colors) {
+        const LXColor rgb = swatch.color.toRgb16(true);
+        QStringList cells;
+        for (const int value : {rgb.red8(), rgb.green8(), rgb.blue8()})
+            cells << (swatch.color.isValid() ? QString::number(value) : QStringLiteral("-"));
+        QString text = printable(swatch.name) + QStringLiteral("  ") + printable(swatch.valueString);
+        if (!swatch.color.isValid())
+            text += QStringLiteral("  (no colour; left out on loading)");
+        table.writeRow(cells, GivenColor{text, QString(), swatch.color});
+    }
+}
+
+void exportList(const QVector<SwatchList>& lists, const QString& name)
+{
+    const auto found = std::find_if(lists.begin(), lists.end(), [&](const SwatchList& l) { return l.name == name; });
+    if (found != lists.end())
+        return writeLine(standAloneDocument(*found).trimmed());
+    QStringList names;
+    for (const SwatchList& list : lists)
+        names << quoted(list.name);
+    throw CommandError(
+        QStringLiteral("no list %1; there are: %2")
+            .arg(quoted(name), names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", "))));
+}
+
+} // namespace
+
+void runSwatches(const QStringList& arguments)
+{
+    SubcommandLine line(
+        QStringLiteral("swatches [options] FILE..."),
+        QStringLiteral("Lists the colour lists of user colour files, preset files and project documents, "
+                       "as the library reads them.\n\n"
+                       "Example:\n  lxcolor swatches Presets/ColorWheel.lxcolors\n"
+                       "  lxcolor swatches show.xml --export \"Project Swatches\" > ours.lxcolors"));
+    line.addFormats({QStringLiteral("table"), QStringLiteral("json")},
+                    QStringLiteral("json: an object a list, each on a line of its own. table: for people."));
+    line.addValue(QStringLiteral("export"), QStringLiteral("LIST"),
+                  QStringLiteral("Write the list of that name as a document of its own, which loads as a user list."));
+    addSwatchesOption(line);
+    if (!line.parse(arguments))
+        return;
+    if (line.positionalArguments().isEmpty())
+        throw CommandError(QStringLiteral("no file given"));
+    const bool isTable = line.format() == QLatin1String("table");
+    if (line.isSet(QStringLiteral("export")) && (!isTable || line.isSet(QStringLiteral("format"))))
+        throw CommandError(QStringLiteral("--export has a form of its own, so it takes no --format and no --json"));
+
+    // All files are read before anything is printed.
+    QVector<QPair<QString, SwatchList>> lists;
+    QVector<SwatchList> all;
+    for (const QString& fileName : line.positionalArguments()) {
+        for (const SwatchList& list : readSwatchFile(fileName)) {
+            lists.append({fileName, list});
+            all.append(list);
+        }
+    }
+    if (line.isSet(QStringLiteral("export")))
+        return exportList(all, line.value(QStringLiteral("export")));
+    for (const auto& entry : lists) {
+        if (isTable)
+            writeTable(entry.first, entry.second, wantsSwatches(line));
+        else
+            writeJsonLine(toJson(entry.first, entry.second));
+    }
+}

@@ -1,0 +1,59 @@
+#ifndef FRAMEPATCH_P_H
+#define FRAMEPATCH_P_H
+
+#include "FrameRenderer.h"
+
+#include <vector>
+
+namespace lxcolor {
+
+/// A fixture of a patch that has been checked, without its channels.
+struct PatchedFixture
+{
+    ColorUtils::TonematchProfileID profile;
+    int ioMode;
+    int directCurve;
+    int onboardCurve;
+    bool allowRgbPassThrough;
+    bool has8Bit;
+    bool has16Bit;
+    int channelCount;
+    size_t firstChannel;
+
+    /// Whether the same colour gives the same bytes.
+    bool rendersLike(const PatchedFixture& other) const;
+};
+
+/// The fixtures of a patch laid out for rendering: flat, with slots as offsets into the slots of all universes.
+class FramePatch
+{
+public:
+    /// More channels than any profile has emitters, for fixtures with channels that colours leave dark.
+    static constexpr int kMostChannels = 64;
+
+    struct Channel
+    {
+        int coarse;
+        int fine; ///< -1 for an 8-bit channel.
+    };
+
+    /// Checks and takes over the fixtures. The sentence that says what is wrong, or an empty one.
+    QString build(const QVector<FrameRenderer::Fixture>& fixtures);
+
+    int fixtureCount() const { return static_cast<int>(m_fixtures.size()); }
+    const PatchedFixture& fixture(int number) const { return m_fixtures[static_cast<size_t>(number)]; }
+    const Channel* channelsOf(const PatchedFixture& fixture) const { return m_channels.data() + fixture.firstChannel; }
+    const QVector<int>& universes() const { return m_universes; }
+
+    /// The number of channels that a fixture gives out in an IO mode.
+    static int outputChannelCount(ColorUtils::TonematchProfileID profile, int ioMode);
+
+private:
+    std::vector<PatchedFixture> m_fixtures;
+    std::vector<Channel> m_channels;
+    QVector<int> m_universes;
+};
+
+} // namespace lxcolor
+
+#endif
