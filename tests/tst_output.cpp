@@ -37,6 +37,7 @@ private Q_SLOTS:
     void routes_data();
     void routes();
     void bytesAndListsAgree();
+    void severalColorsAtOnce();
     void compositing_data();
     void compositing();
     void fiveChannels();
@@ -215,6 +216,52 @@ void TestOutput::bytesAndListsAgree()
     QVERIFY(converted);
     delete[] CU::convertLXColorToNChannelF(converted, color, true, -5, CU::ProfileFlareFlashQVS, CU::IOModeRGBAW, true);
     QVERIFY(converted); // never set back
+}
+
+void TestOutput::severalColorsAtOnce()
+{
+    // Of every face, in turns that the blocks of a batch do not share, with fewer and more levels than emitters.
+    QVector<LXColor> colors;
+    for (int i = 0; i < 150; ++i) {
+        const auto profile = static_cast<CU::TonematchProfileID>(i % 10);
+        const double part = i / 150.0;
+        switch (i % 7) {
+        case 0:
+            colors << LXColor::fromRgbF(part, 1.0 - part, 0.5, 1.0, profile);
+            break;
+        case 1:
+            colors << LXColor::fromHsvF(part, 1.0, part, 1.0, profile);
+            break;
+        case 2:
+            colors << LXColor::fromNChannelF(QVector<double>(1 + i % 10, part), CU::ConfigRGBAW, profile);
+            break;
+        case 3:
+            colors << LXColor();
+            break;
+        default:
+            colors << LXColor::fromxyY(0.2 + 0.3 * part, 0.45 - 0.3 * part * part, 1.0 - part, profile);
+        }
+    }
+    QVector<const LXColor*> pointers;
+    for (const LXColor& color : colors)
+        pointers << &color;
+    for (int mode = 0; mode < 11; ++mode) {
+        for (int resolution = 1; resolution < 4; ++resolution) {
+            const int count = 1 + (mode * 3 + resolution) % 9;
+            const auto profile = static_cast<CU::TonematchProfileID>((mode + resolution) % 10);
+            QVector<uchar> expected;
+            for (LXColor color : colors) {
+                QVector<uchar> out(count * resolution, 0xa5);
+                CU::convertLXColorToDMX(color, mode % 2, count, resolution, out.data(), 1, 2, profile, mode);
+                expected += out;
+            }
+            QVector<uchar> got(expected.size() + 1, 0xa5);
+            CU::convertLXColorsToDMX(pointers.data(), pointers.size(), mode % 2, count, resolution, got.data(), 1, 2,
+                                     profile, mode);
+            QCOMPARE(got, expected + QVector<uchar>{0xa5});
+        }
+    }
+    CU::convertLXColorsToDMX(nullptr, 3, true, 3, 1, nullptr, 0, 0, CU::ProfileGenericRGB, 0);
 }
 
 void TestOutput::compositing_data()

@@ -4,6 +4,8 @@
 #include "Chromaticity_p.h"
 #include "Rounding_p.h"
 
+#include <vector>
+
 namespace lxcolor {
 
 /// The largest number of emitters that is solved for.
@@ -34,6 +36,7 @@ bool areRatios(const double* levels, int count);
 class PairElimination
 {
 public:
+    PairElimination() = default;
     PairElimination(double m00, double m01, double m10, double m11)
     {
         m_rowFactor = toSingle(m10 / m00);
@@ -52,10 +55,10 @@ public:
     }
 
 private:
-    double m_rowFactor;
-    double m_columnFactor;
-    double m_reciprocalA;
-    double m_reciprocalB;
+    double m_rowFactor = 0.0;
+    double m_columnFactor = 0.0;
+    double m_reciprocalA = 0.0;
+    double m_reciprocalB = 0.0;
 };
 
 /// One mix of the search: two emitters that are solved for, and those of the others that are full.
@@ -84,13 +87,20 @@ void forEachMix(int emitterCount, Visit visit)
     }
 }
 
+/// The mixes of up to kMaxEmitters emitters in the order of the search. They live as long as the process: rendering may
+/// go on after main() has returned.
+const std::vector<Mix>& mixesOf(int emitterCount);
+
+// Levels between these and 0..1 are taken for such that rounding has put outside.
+constexpr double kSnapFrom = -5e-05;
+constexpr double kSnapTo = 1.00005;
+
 /// Levels that rounding has put just outside 0..1 are moved onto the end of the range.
 inline double snapToRange(double level)
 {
-    constexpr double kTolerance = 5e-05;
-    if (level > -kTolerance && level < 0.0)
+    if (level > kSnapFrom && level < 0.0)
         return 0.0;
-    if (level > 1.0 && level < 1.00005)
+    if (level > 1.0 && level < kSnapTo)
         return 1.0;
     return level;
 }

@@ -71,57 +71,43 @@ float solveQuadratic(float a, float b, float c, float target, float max)
 
 quint8 linearDrive8(quint16 light) { return static_cast<quint8>(std::floor(light / 257.0 + 0.5)); }
 
-quint8 normalDrive8(quint16 light)
+const quint8* onboardTable8(int curveType)
 {
-    static const auto* const table =
-        tabulated<quint8>([](quint16 value) { return value == 0 ? 0.0F : kNormal8.driveFor(value, kMax8); });
-    return table[light];
-}
-
-quint16 normalDrive16(quint16 light)
-{
-    static const auto* const table =
-        tabulated<quint16>([](quint16 value) { return value == 0 ? 0.0F : kNormal16.driveFor(value, kMax16); });
-    return table[light];
-}
-
-quint8 tungstenDrive8(quint16 light)
-{
-    static const auto* const table =
-        tabulated<quint8>([](quint16 value) { return tungstenDrive(value, kTungstenLow8, kTungsten8, kMax8); });
-    return table[light];
-}
-
-quint16 tungstenDrive16(quint16 light)
-{
-    static const auto* const table =
-        tabulated<quint16>([](quint16 value) { return tungstenDrive(value, kTungstenLow16, kTungsten16, kMax16); });
-    return table[light];
-}
-
-quint8 onboardDrive8(int curveType, quint16 light)
-{
-    switch (curveType) {
-    case kCurveNormal:
-        return normalDrive8(light);
-    case kCurveTungsten:
-        return tungstenDrive8(light);
-    default:
-        return linearDrive8(light);
+    if (curveType == kCurveNormal) {
+        static const auto* const table =
+            tabulated<quint8>([](quint16 value) { return value == 0 ? 0.0F : kNormal8.driveFor(value, kMax8); });
+        return table;
     }
+    if (curveType == kCurveTungsten) {
+        static const auto* const table =
+            tabulated<quint8>([](quint16 value) { return tungstenDrive(value, kTungstenLow8, kTungsten8, kMax8); });
+        return table;
+    }
+    return nullptr;
 }
 
-quint16 onboardDrive16(int curveType, quint16 light)
+const quint16* onboardTable16(int curveType)
 {
-    switch (curveType) {
-    case kCurveNormal:
-        return normalDrive16(light);
-    case kCurveTungsten:
-        return tungstenDrive16(light);
-    default:
-        return light;
+    if (curveType == kCurveNormal) {
+        static const auto* const table =
+            tabulated<quint16>([](quint16 value) { return value == 0 ? 0.0F : kNormal16.driveFor(value, kMax16); });
+        return table;
     }
+    if (curveType == kCurveTungsten) {
+        static const auto* const table =
+            tabulated<quint16>([](quint16 value) { return tungstenDrive(value, kTungstenLow16, kTungsten16, kMax16); });
+        return table;
+    }
+    return nullptr;
 }
+
+quint8 normalDrive8(quint16 light) { return onboardTable8(kCurveNormal)[light]; }
+
+quint16 normalDrive16(quint16 light) { return onboardTable16(kCurveNormal)[light]; }
+
+quint8 tungstenDrive8(quint16 light) { return onboardTable8(kCurveTungsten)[light]; }
+
+quint16 tungstenDrive16(quint16 light) { return onboardTable16(kCurveTungsten)[light]; }
 
 quint8 truncatedNormalDrive8(quint16 light)
 {

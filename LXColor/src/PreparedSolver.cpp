@@ -3,7 +3,6 @@
 #include "PreparedSolver_p.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstring>
 #include <vector>
@@ -11,27 +10,6 @@
 namespace lxcolor {
 
 namespace {
-
-constexpr int kShortlistLength = 16;
-constexpr int kEntriesPerWord = 8;
-constexpr int kBitsPerEntry = 8;
-// Entries are mix numbers plus one. An empty list and a list that would be too long have numbers of their own.
-constexpr quint64 kNoMix = 0xfe;
-constexpr quint64 kTooMany = 0xff;
-
-/// The mixes of a number of emitters in the order of the search. They live as long as the process: rendering may go on
-/// after main() has returned.
-const std::vector<Mix>& mixesOf(int emitterCount)
-{
-    using Lists = std::array<std::vector<Mix>, kMaxEmitters + 1>;
-    static const Lists* const all = [] {
-        auto* lists = new Lists;
-        for (int count = 0; count <= kMaxEmitters; ++count)
-            forEachMix(count, [&](const Mix& mix) { (*lists)[static_cast<size_t>(count)].push_back(mix); });
-        return lists;
-    }();
-    return (*all)[static_cast<size_t>(emitterCount)];
-}
 
 quint64 bitsOf(double value)
 {
@@ -79,53 +57,57 @@ bool PreparedSolver::isFor(const EmitterView& emitters) const
 
 EmitterView PreparedSolver::view() const { return {m_X, m_Y, m_Z, m_count}; }
 
-LevelSet PreparedSolver::solve(Chromaticity xy) const
+const LevelSet* PreparedSolver::atCorner(Chromaticity xy) const
 {
-    if (m_cells) {
-        const double column = (xy.x - m_origin.x) * m_cellsPerUnit.x;
-        const double row = (xy.y - m_origin.y) * m_cellsPerUnit.y;
-        for (int k = 0; k < kGamutCorners; ++k)
-            if (xy.x == m_corners[k].x && xy.y == m_corners[k].y)
-                return m_atCorners[k];
-        if (column >= 0.0 && column < kCellsPerSide && row >= 0.0 && row < kCellsPerSide) {
-            const int number = static_cast<int>(row) * kCellsPerSide + static_cast<int>(column);
-            return solveIn(m_cells[static_cast<size_t>(number)], number, xy);
-        }
-    }
-    return solveBrightestMix(view(), xy);
+    if (!m_cells)
+        return nullptr;
+    for (int k = 0; k < kGamutCorners; ++k)
+        if (xy.x == m_corners[k].x && xy.y == m_corners[k].y)
+            return &m_atCorners[k];
+    return nullptr;
 }
 
-LevelSet PreparedSolver::solveIn(Cell& cell, int number, Chromaticity xy) const
+MixShortlist PreparedSolver::shortlistAt(Chromaticity xy) const
 {
-    Shortlist shortlist = {cell.first.load(std::memory_order_acquire), cell.second.load(std::memory_order_relaxed)};
-    if (shortlist.first == 0) {
-        shortlist = shortlistOf(number);
-        cell.second.store(shortlist.second, std::memory_order_relaxed);
-        cell.first.store(shortlist.first, std::memory_order_release);
-    }
-    if (shortlist.first == kTooMany)
+    const double column = (xy.x - m_origin.x) * m_cellsPerUnit.x;
+    const double row = (xy.y - m_origin.y) * m_cellsPerUnit.y;
+    if (!m_cells || !(column >= 0.0 && column < kCellsPerSide && row >= 0.0 && row < kCellsPerSide))
+        return MixShortlist::tooMany();
+    const int number = static_cast<int>(row) * kCellsPerSide + static_cast<int>(column);
+    Cell& cell = m_cells[static_cast<size_t>(number)];
+    const quint64 first = cell.first.load(std::memory_order_acquire);
+    if (first != 0)
+        return {first, cell.second.load(std::memory_order_relaxed)};
+    const MixShortlist shortlist = shortlistOf(number);
+    cell.second.store(shortlist.second(), std::memory_order_relaxed);
+    cell.first.store(shortlist.first(), std::memory_order_release);
+    return shortlist;
+}
+
+LevelSet PreparedSolver::solve(Chromaticity xy) const
+{
+    if (const LevelSet* const levels = atCorner(xy))
+        return *levels;
+    const MixShortlist shortlist = shortlistAt(xy);
+    if (shortlist.hasTooMany())
         return solveBrightestMix(view(), xy);
-    if (shortlist.first == kNoMix)
-        return {};
 
     const EmitterView emitters = view();
-    const Mix* const mixes = mixesOf(m_count).data();
+    const std::vector<Mix>& mixes = mixesOf(m_count);
     MixEvaluation evaluation(emitters, m_count, xy);
-    const Mix* previous = mixes + (shortlist.first & 0xff) - 1;
-    PairElimination elimination = evaluation.eliminationOf(previous->i, previous->j);
-    for (quint64 numbers : {shortlist.first, shortlist.second}) {
-        for (; numbers != 0; numbers >>= kBitsPerEntry) {
-            const Mix* const mix = mixes + (numbers & 0xff) - 1;
-            if (mix->i != previous->i || mix->j != previous->j)
-                elimination = evaluation.eliminationOf(mix->i, mix->j);
-            evaluation.consider(*mix, elimination);
-            previous = mix;
-        }
-    }
+    const Mix* previous = nullptr;
+    PairElimination elimination;
+    shortlist.forEach([&](int number) {
+        const Mix& mix = mixes[static_cast<size_t>(number)];
+        if (!previous || mix.i != previous->i || mix.j != previous->j)
+            elimination = evaluation.eliminationOf(mix.i, mix.j);
+        evaluation.consider(mix, elimination);
+        previous = &mix;
+    });
     return evaluation.best();
 }
 
-PreparedSolver::Shortlist PreparedSolver::shortlistOf(int cellNumber) const
+MixShortlist PreparedSolver::shortlistOf(int cellNumber) const
 {
     // A little wider than the cell, for the rounding in which a request finds its cell.
     constexpr double kMargin = 1e-9;
@@ -152,19 +134,13 @@ PreparedSolver::Shortlist PreparedSolver::shortlistOf(int cellNumber) const
                            [&mix](const MixBounds& rival) { return rival.alwaysValid && rival.surelyOutshines(mix); });
     };
 
-    Shortlist shortlist = {0, 0};
-    int length = 0;
+    MixShortlist shortlist;
     for (size_t number = 0; number < mixes.size(); ++number) {
         const MixBounds& mix = bounds[number];
-        if (mix.neverValid || mix.highestLuminance < certainLuminance || isOutshone(mix))
-            continue;
-        if (length == kShortlistLength)
-            return {kTooMany, 0};
-        quint64& word = length < kEntriesPerWord ? shortlist.first : shortlist.second;
-        word |= static_cast<quint64>(number + 1) << (kBitsPerEntry * (length % kEntriesPerWord));
-        ++length;
+        if (!mix.neverValid && !(mix.highestLuminance < certainLuminance) && !isOutshone(mix))
+            shortlist.append(static_cast<int>(number));
     }
-    return length == 0 ? Shortlist{kNoMix, 0} : shortlist;
+    return shortlist;
 }
 
 } // namespace lxcolor

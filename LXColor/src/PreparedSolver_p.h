@@ -2,8 +2,7 @@
 #define PREPAREDSOLVER_P_H
 
 #include "CornerSolver_p.h"
-
-#include <QtGlobal>
+#include "MixShortlist_p.h"
 
 #include <atomic>
 #include <memory>
@@ -29,31 +28,31 @@ public:
     /// Whether it was made for these very emitters.
     bool isFor(const EmitterView& emitters) const;
     LevelSet solve(Chromaticity xy) const;
+    /// The same for \a count requests, which takes less time for each than one by one.
+    void solve(const Chromaticity* requests, int count, LevelSet* results) const;
 
 private:
     static constexpr int kCellsPerSide = 128;
     static constexpr int kGamutCorners = 3;
 
-    /// Up to sixteen mixes: their numbers, a byte each from the low end of the first word on.
-    struct Shortlist
-    {
-        quint64 first;
-        quint64 second;
-    };
     struct Cell
     {
         std::atomic<quint64> first; ///< 0 before the cell is worked out; set last.
         std::atomic<quint64> second;
     };
 
-    LevelSet solveIn(Cell& cell, int number, Chromaticity xy) const;
-    Shortlist shortlistOf(int cellNumber) const;
+    void solveBlock(const Chromaticity* requests, int count, LevelSet* results) const;
+    /// The levels at xy when it is a corner of the gamut, else null.
+    const LevelSet* atCorner(Chromaticity xy) const;
+    /// The mixes that can win at xy. Those of a cell are worked out when they are first asked for.
+    MixShortlist shortlistAt(Chromaticity xy) const;
+    MixShortlist shortlistOf(int cellNumber) const;
     EmitterView view() const;
 
     int m_count;
-    double m_X[kMaxEmitters];
-    double m_Y[kMaxEmitters];
-    double m_Z[kMaxEmitters];
+    double m_X[kMaxEmitters] = {};
+    double m_Y[kMaxEmitters] = {};
+    double m_Z[kMaxEmitters] = {};
     Chromaticity m_origin;
     Chromaticity m_cellSize;
     Chromaticity m_cellsPerUnit;

@@ -37,7 +37,7 @@ inline double saturate01(double v)
 inline quint16 truncateTo16(double level) { return static_cast<quint16>(saturate01(level) * 65535.0); }
 
 /// A level 0..1 as a 16-bit value, rounded half up. Levels outside saturate, NaN gives 0.
-inline quint16 roundTo16(double level) { return static_cast<quint16>(std::floor(saturate01(level) * 65535.0 + 0.5)); }
+inline quint16 roundTo16(double level) { return static_cast<quint16>(saturate01(level) * 65535.0 + 0.5); }
 
 /// A level 0..1 as an 8-bit value, rounded half up. Levels outside saturate, NaN gives 0.
 inline quint8 roundTo8(double level) { return static_cast<quint8>(saturate01(level) * 255.0 + 0.5); }

@@ -36,20 +36,42 @@ const PreparedSolver* prepare(Slot& slot, const EmitterView& emitters, int count
     return slot.prepared.back().get();
 }
 
+/// The record's solver for these emitters; null when it has none.
+const PreparedSolver* solverFor(int recordId, const EmitterView& emitters)
+{
+    static auto* const slots = new Slot[kProfileCount][kMaxEmitters + 1];
+
+    if (recordId < 0 || recordId >= kProfileCount)
+        return nullptr;
+    Slot& slot = slots[recordId][emitters.count];
+    const PreparedSolver* const solver = slot.current.load(std::memory_order_acquire);
+    return solver && solver->isFor(emitters) ? solver : prepare(slot, emitters, emitters.count);
+}
+
+EmitterView firstOf(const EmitterView& emitters, int count)
+{
+    return {emitters.X, emitters.Y, emitters.Z, std::min({emitters.count, count, kMaxEmitters})};
+}
+
 } // namespace
 
 LevelSet solveForRecord(int recordId, const EmitterView& emitters, int count, Chromaticity xy)
 {
-    static auto* const slots = new Slot[kProfileCount][kMaxEmitters + 1];
-
-    const EmitterView used = {emitters.X, emitters.Y, emitters.Z, std::min({emitters.count, count, kMaxEmitters})};
-    if (recordId < 0 || recordId >= kProfileCount)
-        return solveBrightestMix(used, xy);
-    Slot& slot = slots[recordId][used.count];
-    const PreparedSolver* solver = slot.current.load(std::memory_order_acquire);
-    if (!solver || !solver->isFor(used))
-        solver = prepare(slot, used, used.count);
+    const EmitterView used = firstOf(emitters, count);
+    const PreparedSolver* const solver = solverFor(recordId, used);
     return solver ? solver->solve(xy) : solveBrightestMix(used, xy);
+}
+
+void solveForRecord(int recordId, const EmitterView& emitters, int count, const Chromaticity* requests,
+                    int requestCount, LevelSet* results)
+{
+    const EmitterView used = firstOf(emitters, count);
+    const PreparedSolver* const solver = solverFor(recordId, used);
+    if (solver)
+        solver->solve(requests, requestCount, results);
+    else
+        std::transform(requests, requests + requestCount, results,
+                       [&used](Chromaticity xy) { return solveBrightestMix(used, xy); });
 }
 
 } // namespace lxcolor

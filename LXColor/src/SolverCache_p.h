@@ -13,6 +13,9 @@ namespace lxcolor {
  * Safe to use from many threads.
  */
 LevelSet solveForRecord(int recordId, const EmitterView& emitters, int count, Chromaticity xy);
+/// The same for \a requestCount requests, which takes less time for each than one by one.
+void solveForRecord(int recordId, const EmitterView& emitters, int count, const Chromaticity* requests,
+                    int requestCount, LevelSet* results);
 
 } // namespace lxcolor
 

@@ -3,6 +3,7 @@
 #include "IOModeFactory.h"
 
 #include <algorithm>
+#include <numeric>
 #include <set>
 
 namespace lxcolor {
@@ -111,7 +112,7 @@ QString FramePatch::build(const QVector<Fixture>& fixtures)
         const int base = static_cast<int>(position - m_universes.constBegin()) * kSlots - 1; // slots count from 1
         PatchedFixture patched = {
             fixture.profile, fixture.ioMode, fixture.directCurve,     fixture.onboardCurve, fixture.allowRgbPassThrough,
-            false,           false,          fixture.channels.size(), m_channels.size()};
+            false,           false,          fixture.channels.size(), m_channels.size(),    0};
         for (const ChannelSlots& channel : fixture.channels) {
             const bool wide = channel.fineSlot != 0;
             QString refusal = owners.claim(base + channel.slot, fixture.universe, i + 1);
@@ -124,7 +125,24 @@ QString FramePatch::build(const QVector<Fixture>& fixtures)
         }
         m_fixtures.push_back(patched);
     }
+    orderByKind();
     return {};
+}
+
+void FramePatch::orderByKind()
+{
+    std::vector<const PatchedFixture*> kinds; // the first of each
+    for (PatchedFixture& fixture : m_fixtures) {
+        const auto first = std::find_if(kinds.cbegin(), kinds.cend(),
+                                        [&fixture](const PatchedFixture* kind) { return fixture.rendersLike(*kind); });
+        fixture.kind = static_cast<int>(first - kinds.cbegin());
+        if (first == kinds.cend())
+            kinds.push_back(&fixture);
+    }
+    m_order.resize(m_fixtures.size());
+    std::iota(m_order.begin(), m_order.end(), 0);
+    std::stable_sort(m_order.begin(), m_order.end(),
+                     [this](int a, int b) { return fixture(a).kind < fixture(b).kind; });
 }
 
 } // namespace lxcolor

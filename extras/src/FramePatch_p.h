@@ -19,8 +19,8 @@ struct PatchedFixture
     bool has16Bit;
     int channelCount;
     size_t firstChannel;
+    int kind; ///< Of fixtures of one kind the same colour gives the same bytes.
 
-    /// Whether the same colour gives the same bytes.
     bool rendersLike(const PatchedFixture& other) const;
 };
 
@@ -42,6 +42,8 @@ public:
 
     int fixtureCount() const { return static_cast<int>(m_fixtures.size()); }
     const PatchedFixture& fixture(int number) const { return m_fixtures[static_cast<size_t>(number)]; }
+    /// The fixture that is rendered at a place: those of one kind stand together, in the order of the patch.
+    int renderedAt(int place) const { return m_order[static_cast<size_t>(place)]; }
     const Channel* channelsOf(const PatchedFixture& fixture) const { return m_channels.data() + fixture.firstChannel; }
     const QVector<int>& universes() const { return m_universes; }
 
@@ -49,7 +51,10 @@ public:
     static int outputChannelCount(ColorUtils::TonematchProfileID profile, int ioMode);
 
 private:
+    void orderByKind();
+
     std::vector<PatchedFixture> m_fixtures;
+    std::vector<int> m_order;
     std::vector<Channel> m_channels;
     QVector<int> m_universes;
 };

@@ -17,45 +17,80 @@ namespace {
 
 constexpr int kMostThreads = 256;
 
-using Bytes = unsigned char[2 * FramePatch::kMostChannels];
-
-/// The bytes of one fixture at one resolution. They are kept, because neighbours often show the same colour.
-class FixtureBytes
+/// Fixtures of one kind on their way to their slots. Neighbours often show the same colour, which is converted once.
+class FixtureBatch
 {
 public:
-    explicit FixtureBytes(int resolution) : m_resolution(resolution) {}
-
-    const unsigned char* of(const LXColor& color, const PatchedFixture& fixture)
+    FixtureBatch(const FramePatch& patch, const LXColor* colors, int count)
+        : m_patch(patch), m_colors(colors), m_count(count)
     {
-        if (!m_fixture || !fixture.rendersLike(*m_fixture) || !isSameColor(color)) {
-            m_color = color;
-            m_fixture = &fixture;
-            ColorUtils::convertLXColorToDMX(m_color, fixture.allowRgbPassThrough, fixture.channelCount, m_resolution,
-                                            m_bytes, fixture.directCurve, fixture.onboardCurve, fixture.profile,
-                                            fixture.ioMode);
+    }
+
+    /// Takes fixtures of one kind from \a begin on; where the next ones begin.
+    int take(int begin, int end)
+    {
+        m_kind = &m_patch.fixture(m_patch.renderedAt(begin));
+        m_has8Bit = m_has16Bit = false;
+        m_fixtureCount = m_colorCount = 0;
+        for (; begin < end && m_fixtureCount < kMostFixtures; ++begin) {
+            const int number = m_patch.renderedAt(begin);
+            if (number >= m_count)
+                continue;
+            const PatchedFixture& fixture = m_patch.fixture(number);
+            if (fixture.kind != m_kind->kind || !takeColor(m_colors[number]))
+                break;
+            m_has8Bit |= fixture.has8Bit;
+            m_has16Bit |= fixture.has16Bit;
+            m_fixtures[m_fixtureCount] = &fixture;
+            m_colorOf[m_fixtureCount++] = m_colorCount - 1;
         }
-        return m_bytes;
+        return begin;
+    }
+
+    void render(unsigned char* slots)
+    {
+        if (m_has8Bit)
+            convert(1, m_bytes8);
+        if (m_has16Bit)
+            convert(2, m_bytes16);
+        for (int i = 0; i < m_fixtureCount; ++i) {
+            const size_t first = static_cast<size_t>(m_colorOf[i]) * static_cast<size_t>(m_kind->channelCount);
+            write(*m_fixtures[i], m_bytes8 + first, m_bytes16 + 2 * first, slots);
+        }
     }
 
 private:
+    static constexpr int kMostFixtures = 64;
+    static constexpr int kMostColors = 32;
+
+    /// Whether there is room for it.
+    bool takeColor(const LXColor& color)
+    {
+        if (m_colorCount > 0 && isSame(color, *m_taken[m_colorCount - 1]))
+            return true;
+        if (m_colorCount == kMostColors)
+            return false;
+        m_taken[m_colorCount++] = &color;
+        return true;
+    }
+
     /// HSV colours that compare equal may have different hues: the achromatic one counts as a place on the circle.
-    bool isSameColor(const LXColor& color) const { return color.spec() != LXColor::Hsv && color == m_color; }
+    static bool isSame(const LXColor& color, const LXColor& other)
+    {
+        return color.spec() != LXColor::Hsv && color == other;
+    }
 
-    int m_resolution;
-    LXColor m_color;
-    const PatchedFixture* m_fixture = nullptr;
-    Bytes m_bytes = {};
-};
+    void convert(int resolution, unsigned char* bytes) const
+    {
+        ColorUtils::convertLXColorsToDMX(m_taken, m_colorCount, m_kind->allowRgbPassThrough, m_kind->channelCount,
+                                         resolution, bytes, m_kind->directCurve, m_kind->onboardCurve, m_kind->profile,
+                                         m_kind->ioMode);
+    }
 
-void renderRange(const FramePatch& patch, const LXColor* colors, int begin, int end, unsigned char* slots)
-{
-    FixtureBytes coarse(1);
-    FixtureBytes fine(2);
-    for (int i = begin; i < end; ++i) {
-        const PatchedFixture& fixture = patch.fixture(i);
-        const FramePatch::Channel* channel = patch.channelsOf(fixture);
-        const unsigned char* bytes8 = fixture.has8Bit ? coarse.of(colors[i], fixture) : nullptr;
-        const unsigned char* bytes16 = fixture.has16Bit ? fine.of(colors[i], fixture) : nullptr;
+    void write(const PatchedFixture& fixture, const unsigned char* bytes8, const unsigned char* bytes16,
+               unsigned char* slots) const
+    {
+        const FramePatch::Channel* channel = m_patch.channelsOf(fixture);
         for (int k = 0; k < fixture.channelCount; ++k, ++channel) {
             if (channel->fine < 0) {
                 slots[channel->coarse] = bytes8[k];
@@ -64,6 +99,30 @@ void renderRange(const FramePatch& patch, const LXColor* colors, int begin, int 
                 slots[channel->fine] = bytes16[2 * k + 1];
             }
         }
+    }
+
+    const FramePatch& m_patch;
+    const LXColor* m_colors;
+    int m_count;                            ///< How many fixtures there are colours for.
+    const PatchedFixture* m_kind = nullptr; ///< One of them.
+    bool m_has8Bit = false;
+    bool m_has16Bit = false;
+    int m_fixtureCount = 0;
+    const PatchedFixture* m_fixtures[kMostFixtures];
+    int m_colorOf[kMostFixtures];
+    int m_colorCount = 0;
+    const LXColor* m_taken[kMostColors];
+    unsigned char m_bytes8[kMostColors * FramePatch::kMostChannels];
+    unsigned char m_bytes16[kMostColors * FramePatch::kMostChannels * 2];
+};
+
+/// Renders the fixtures at the places \a begin to \a end in the order of rendering.
+void renderRange(const FramePatch& patch, const LXColor* colors, int count, int begin, int end, unsigned char* slots)
+{
+    FixtureBatch batch(patch, colors, count);
+    while (begin < end) {
+        begin = batch.take(begin, end);
+        batch.render(slots);
     }
 }
 
@@ -77,21 +136,23 @@ public:
     {
     public:
         explicit Part(Private& renderer) : m_renderer(renderer) { setAutoDelete(false); }
-        void set(const LXColor* colors, int begin, int end)
+        void set(const LXColor* colors, int count, int begin, int end)
         {
             m_colors = colors;
+            m_count = count;
             m_begin = begin;
             m_end = end;
         }
         void run() override
         {
-            renderRange(m_renderer.patch, m_colors, m_begin, m_end, m_renderer.slots.data());
+            renderRange(m_renderer.patch, m_colors, m_count, m_begin, m_end, m_renderer.slots.data());
             m_renderer.finished.release();
         }
 
     private:
         Private& m_renderer;
         const LXColor* m_colors = nullptr;
+        int m_count = 0;
         int m_begin = 0;
         int m_end = 0;
     };
@@ -162,13 +223,13 @@ void FrameRenderer::render(const LXColor* colors, int count)
         return;
     // Fixtures share no slot, so parts of a frame write to different bytes.
     const int parts = std::min(threadCount(), count);
-    const auto beginOf = [&](int part) { return static_cast<int>(static_cast<qint64>(count) * part / parts); };
+    const auto beginOf = [&](int part) { return static_cast<int>(static_cast<qint64>(fixtureCount()) * part / parts); };
     for (int part = 1; part < parts; ++part) {
         Private::Part& other = *d->parts[static_cast<size_t>(part) - 1];
-        other.set(colors, beginOf(part), beginOf(part + 1));
+        other.set(colors, count, beginOf(part), beginOf(part + 1));
         d->pool.start(&other);
     }
-    renderRange(d->patch, colors, 0, beginOf(1), d->slots.data());
+    renderRange(d->patch, colors, count, 0, beginOf(1), d->slots.data());
     d->finished.acquire(parts - 1);
 }
 
