@@ -6,6 +6,7 @@
 # - Messages carry file, line and function in every kind of build; file names are relative to the project.
 # - Warnings, and sanitizers where the build asks for them.
 
+set(LXCOLOR_SANITIZER_IGNORELIST "${CMAKE_CURRENT_LIST_DIR}/SanitizerIgnoreList.txt")
 set(LXCOLOR_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 
 function(lxcolor_configure_target target)
@@ -42,7 +43,10 @@ function(lxcolor_sanitize_target target)
     if(LXCOLOR_SANITIZE MATCHES "undefined")
         list(APPEND flags -fno-sanitize-recover=all)
         if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-            list(APPEND flags -fsanitize=float-cast-overflow)
+            # Numbers that do not fit are changed by a cast that says so, or not at all; Qt's headers see it otherwise.
+            list(APPEND flags
+                -fsanitize=float-cast-overflow,implicit-conversion
+                -fsanitize-ignorelist=${LXCOLOR_SANITIZER_IGNORELIST})
         endif()
     endif()
     target_compile_options(${target} PRIVATE ${flags})

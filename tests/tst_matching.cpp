@@ -119,9 +119,9 @@ void TestMatching::responses()
     QCOMPARE(CU::dmx16ToTungstenDimRatio(65535), 1.0);
     QCOMPARE(CU::dmx16ToTungstenDimRatio(11083), 0.0);
     QVERIFY(CU::dmx16ToTungstenDimRatio(11084) > 0.0);
-    for (ushort level = 1; level != 0; ++level) {
-        QVERIFY(CU::dmx16ToSquareLawDimRatio(level) >= CU::dmx16ToSquareLawDimRatio(ushort(level - 1)));
-        QVERIFY(CU::dmx16ToTungstenDimRatio(level) >= CU::dmx16ToTungstenDimRatio(ushort(level - 1)));
+    for (int level = 1; level <= 65535; ++level) {
+        QVERIFY(CU::dmx16ToSquareLawDimRatio(ushort(level)) >= CU::dmx16ToSquareLawDimRatio(ushort(level - 1)));
+        QVERIFY(CU::dmx16ToTungstenDimRatio(ushort(level)) >= CU::dmx16ToTungstenDimRatio(ushort(level - 1)));
     }
 }
 
