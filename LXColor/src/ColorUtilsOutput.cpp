@@ -140,7 +140,7 @@ void copyLevels(const double* available, int availableCount, double* levels, int
 } // namespace
 
 /// The steps from a colour to levels.
-class ColorUtils::Output
+class Q_DECL_HIDDEN ColorUtils::Output
 {
 public:
     static void writeLevels(bool& converted, const LXColor& color, bool allowRgbPassThrough, int count,
@@ -228,7 +228,7 @@ void ColorUtils::convertLXColorToDMX(LXColor& color, bool allowRgbPassThrough, i
 }
 
 /// A few colours on their way to fixtures of one kind, step by step for all of them.
-class ColorUtils::OutputBlock
+class Q_DECL_HIDDEN ColorUtils::OutputBlock
 {
 public:
     static constexpr int kMostColors = 32;
