@@ -138,6 +138,15 @@ ColorSections readColorSections(const QByteArray& xml)
 
 namespace {
 
+/// Whether a text stands in an attribute as it is. May be false where it does; true for nearly all texts.
+bool isPlain(const QString& text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) {
+        const ushort u = c.unicode();
+        return u >= 0x20 && u < 0xd800 && u != '<' && u != '>' && u != '&' && u != '"' && u != '\'';
+    });
+}
+
 void appendEscaped(QString& out, const QString& text)
 {
     bool isAssigned = false; // An apostrophe behind "=" would count as the beginning of an attribute.
@@ -182,8 +191,13 @@ ColorSectionWriter::ColorSectionWriter() { m_text += QLatin1Char('<') + Document
 
 void ColorSectionWriter::attribute(QLatin1String name, const QString& value)
 {
-    m_text += QLatin1Char(' ') + name + QLatin1String("=\"");
-    appendEscaped(m_text, xmlText(value));
+    m_text += QLatin1Char(' ');
+    m_text += name;
+    m_text += QLatin1String("=\"");
+    if (isPlain(value))
+        m_text += value;
+    else
+        appendEscaped(m_text, xmlText(value));
     m_text += QLatin1Char('"');
 }
 
@@ -203,7 +217,8 @@ void ColorSectionWriter::addColor(const StoredColor& color)
     if (!m_listHasColors)
         m_text += QLatin1String(">\n");
     m_listHasColors = true;
-    m_text += QLatin1String("  <") + ColorTag;
+    m_text += QLatin1String("  <");
+    m_text += ColorTag;
     attribute(NameAttribute, color.name);
     attribute(UidAttribute, color.uid);
     attribute(ValueAttribute, color.value);
