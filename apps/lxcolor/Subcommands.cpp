@@ -17,6 +17,7 @@ const QVector<Subcommand>& subcommands()
         {QStringLiteral("swatches"), QStringLiteral("list the colours of swatch files and documents"), runSwatches},
         {QStringLiteral("check"), QStringLiteral("find what is wrong with databases, swatch files and documents"),
          runCheck},
+        {QStringLiteral("palette"), QStringLiteral("read and write the palettes of other programs"), runPalette},
     };
     return all;
 }

@@ -32,5 +32,6 @@ void runGamut(const QStringList& arguments);
 void runPlot(const QStringList& arguments);
 void runSwatches(const QStringList& arguments);
 void runCheck(const QStringList& arguments);
+void runPalette(const QStringList& arguments);
 
 #endif

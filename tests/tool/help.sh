@@ -77,6 +77,9 @@ cd "$source_dir" || exit 1
 offers README.md swatches READ
 offers README.md dmx --profiles READ
 offers README.md plot READ
+offers convert palette co
+offers README.md palette convert READ
+offers gpl palette convert a b --to g
 complete_words dmx --bits 3
 [ ${#COMPREPLY[@]} -eq 0 ] || fail "completion offers ${COMPREPLY[*]} for bits that there are not"
 

@@ -397,6 +397,309 @@
     </message>
 </context>
 <context>
+    <name>PaletteFormat</name>
+    <message>
+        <source>The file ends, or a part of it, where %1 more bytes are expected</source>
+        <translation>Die Datei oder ein Teil von ihr endet, wo %1 weitere Bytes erwartet werden</translation>
+    </message>
+    <message>
+        <source>A number is infinite or not a number</source>
+        <translation>Eine Zahl ist unendlich oder keine Zahl</translation>
+    </message>
+    <message>
+        <source>A name is longer than what is left of the file, or of its part</source>
+        <translation>Ein Name ist länger als der Rest der Datei oder ihres Teils</translation>
+    </message>
+    <message>
+        <source>The row has more than %1 cells</source>
+        <translation>Die Zeile hat mehr als %1 Zellen</translation>
+    </message>
+    <message>
+        <source>The quotation mark that opens here is not closed</source>
+        <translation>Das Anführungszeichen, das hier öffnet, wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>There is text behind the closing quotation mark</source>
+        <translation>Hinter dem schließenden Anführungszeichen steht Text</translation>
+    </message>
+    <message>
+        <source>This is no such palette: it begins with neither version 1 nor 2</source>
+        <translation>Das ist keine solche Palette: sie beginnt weder mit Version 1 noch 2</translation>
+    </message>
+    <message>
+        <source>A section of version 2 is expected here</source>
+        <translation>Hier wird ein Abschnitt der Version 2 erwartet</translation>
+    </message>
+    <message>
+        <source>There are %1 colours, but this format holds %2 at most</source>
+        <translation>Es sind %1 Farben, aber dieses Format fasst höchstens %2</translation>
+    </message>
+    <message>
+        <source>A group begins within another one</source>
+        <translation>Eine Gruppe beginnt in einer anderen</translation>
+    </message>
+    <message>
+        <source>A group ends that has not begun</source>
+        <translation>Eine Gruppe endet, die nicht begonnen hat</translation>
+    </message>
+    <message>
+        <source>The last group has no end</source>
+        <translation>Die letzte Gruppe hat kein Ende</translation>
+    </message>
+    <message>
+        <source>This is no such palette: it does not begin with &quot;%1&quot;</source>
+        <translation>Das ist keine solche Palette: sie beginnt nicht mit &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Version %1.%2 is not known</source>
+        <translation>Version %1.%2 ist unbekannt</translation>
+    </message>
+    <message>
+        <source>There are more than %1 lists</source>
+        <translation>Es sind mehr als %1 Listen</translation>
+    </message>
+    <message>
+        <source>There are more than %1 colours</source>
+        <translation>Es sind mehr als %1 Farben</translation>
+    </message>
+    <message>
+        <source>The block that opens here is not closed</source>
+        <translation>Der Block, der hier öffnet, wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>A block is closed that was not opened</source>
+        <translation>Ein Block wird geschlossen, der nicht geöffnet wurde</translation>
+    </message>
+    <message>
+        <source>The comment that opens here is not closed</source>
+        <translation>Der Kommentar, der hier öffnet, wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>&quot;#&quot; and 3, 4, 6 or 8 hexadecimal digits are expected</source>
+        <translation>&quot;#&quot; und 3, 4, 6 oder 8 Hexadezimalziffern werden erwartet</translation>
+    </message>
+    <message>
+        <source>Red, green, blue and perhaps alpha are expected</source>
+        <translation>Rot, Grün, Blau und gegebenenfalls Alpha werden erwartet</translation>
+    </message>
+    <message>
+        <source>The file is empty</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>There is a second column &quot;%1&quot;</source>
+        <translation>Es gibt eine zweite Spalte &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>The line of heads has neither &quot;value&quot; nor &quot;red&quot;, &quot;green&quot; and &quot;blue&quot;</source>
+        <translation>Die Kopfzeile hat weder &quot;value&quot; noch &quot;red&quot;, &quot;green&quot; und &quot;blue&quot;</translation>
+    </message>
+    <message>
+        <source>The row has %1 cells, but there are %2 heads</source>
+        <translation>Die Zeile hat %1 Zellen, aber es gibt %2 Spaltenköpfe</translation>
+    </message>
+    <message>
+        <source>A number from 0 to 255 is expected</source>
+        <translation>Eine Zahl von 0 bis 255 wird erwartet</translation>
+    </message>
+    <message>
+        <source>Elements are nested too deeply</source>
+        <translation>Elemente sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>There are too many lists or colours</source>
+        <translation>Es sind zu viele Listen oder Farben</translation>
+    </message>
+    <message>
+        <source>Entities are declared, or the document type declaration is long</source>
+        <translation>Entitäten sind deklariert, oder die Dokumenttyp-Deklaration ist lang</translation>
+    </message>
+    <message>
+        <source>Not well-formed: %1</source>
+        <translation>Nicht wohlgeformt: %1</translation>
+    </message>
+    <message>
+        <source>A tag has too many attributes, or is too long</source>
+        <translation>Ein Tag hat zu viele Attribute oder ist zu lang</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MiB</source>
+        <translation>Die Datei ist größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>This is no such palette: the first line is not &quot;%1&quot;</source>
+        <translation>Das ist keine solche Palette: die erste Zeile ist nicht &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Red, green and blue are expected, but the line ends</source>
+        <translation>Rot, Grün und Blau werden erwartet, aber die Zeile endet</translation>
+    </message>
+    <message>
+        <source>1 colour loses its alpha.</source>
+        <translation>1 Farbe verliert ihr Alpha.</translation>
+    </message>
+    <message>
+        <source>%1 colours lose their alpha.</source>
+        <translation>%1 Farben verlieren ihr Alpha.</translation>
+    </message>
+    <message>
+        <source>1 colour that is not red, green and blue becomes so.</source>
+        <translation>1 Farbe, die nicht aus Rot, Grün und Blau besteht, wird dazu.</translation>
+    </message>
+    <message>
+        <source>%1 colours that are not red, green and blue become so.</source>
+        <translation>%1 Farben, die nicht aus Rot, Grün und Blau bestehen, werden dazu.</translation>
+    </message>
+    <message>
+        <source>1 colour loses its fixture profile.</source>
+        <translation>1 Farbe verliert ihr Scheinwerferprofil.</translation>
+    </message>
+    <message>
+        <source>%1 colours lose their fixture profile.</source>
+        <translation>%1 Farben verlieren ihr Scheinwerferprofil.</translation>
+    </message>
+    <message>
+        <source>1 colour loses its uid.</source>
+        <translation>1 Farbe verliert ihre uid.</translation>
+    </message>
+    <message>
+        <source>%1 colours lose their uid.</source>
+        <translation>%1 Farben verlieren ihre uid.</translation>
+    </message>
+    <message>
+        <source>1 colour loses the preset that it came from.</source>
+        <translation>1 Farbe verliert das Preset, aus dem sie kam.</translation>
+    </message>
+    <message>
+        <source>%1 colours lose the preset that they came from.</source>
+        <translation>%1 Farben verlieren das Preset, aus dem sie kamen.</translation>
+    </message>
+    <message>
+        <source>1 colour loses its vendor&apos;s name.</source>
+        <translation>1 Farbe verliert den Namen des Herstellers.</translation>
+    </message>
+    <message>
+        <source>%1 colours lose their vendor&apos;s name.</source>
+        <translation>%1 Farben verlieren den Namen des Herstellers.</translation>
+    </message>
+    <message>
+        <source>1 name has what the format cannot hold, and is changed.</source>
+        <translation>1 Name enthält, was das Format nicht fassen kann, und wird geändert.</translation>
+    </message>
+    <message>
+        <source>%1 names have what the format cannot hold, and are changed.</source>
+        <translation>%1 Namen enthalten, was das Format nicht fassen kann, und werden geändert.</translation>
+    </message>
+    <message>
+        <source>1 list is joined to another one.</source>
+        <translation>1 Liste wird mit einer anderen verbunden.</translation>
+    </message>
+    <message>
+        <source>%1 lists are joined to others.</source>
+        <translation>%1 Listen werden mit anderen verbunden.</translation>
+    </message>
+    <message>
+        <source>1 list loses its name.</source>
+        <translation>1 Liste verliert ihren Namen.</translation>
+    </message>
+    <message>
+        <source>%1 lists lose their name.</source>
+        <translation>%1 Listen verlieren ihren Namen.</translation>
+    </message>
+    <message>
+        <source>1 list without colours is left out.</source>
+        <translation>1 Liste ohne Farben wird ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%1 lists without colours are left out.</source>
+        <translation>%1 Listen ohne Farben werden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>1 read-only list becomes one that users may edit.</source>
+        <translation>1 schreibgeschützte Liste wird zu einer, die Benutzer ändern dürfen.</translation>
+    </message>
+    <message>
+        <source>%1 read-only lists become lists that users may edit.</source>
+        <translation>%1 schreibgeschützte Listen werden zu Listen, die Benutzer ändern dürfen.</translation>
+    </message>
+    <message>
+        <source>1 entry is left out: its value is no colour.</source>
+        <translation>1 Eintrag wird ausgelassen: sein Wert ist keine Farbe.</translation>
+    </message>
+    <message>
+        <source>%1 entries are left out: their values are no colours.</source>
+        <translation>%1 Einträge werden ausgelassen: ihre Werte sind keine Farben.</translation>
+    </message>
+    <message>
+        <source>1 colour is made of inks (CMYK) and read without an ink profile.</source>
+        <translation>1 Farbe besteht aus Druckfarben (CMYK) und wird ohne Druckprofil gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 colours are made of inks (CMYK) and read without an ink profile.</source>
+        <translation>%1 Farben bestehen aus Druckfarben (CMYK) und werden ohne Druckprofil gelesen.</translation>
+    </message>
+    <message>
+        <source>1 Lab colour becomes red, green and blue of sRGB.</source>
+        <translation>1 Lab-Farbe wird zu Rot, Grün und Blau von sRGB.</translation>
+    </message>
+    <message>
+        <source>%1 Lab colours become red, green and blue of sRGB.</source>
+        <translation>%1 Lab-Farben werden zu Rot, Grün und Blau von sRGB.</translation>
+    </message>
+    <message>
+        <source>1 colour is beyond sRGB or its range, and is cut.</source>
+        <translation>1 Farbe liegt außerhalb von sRGB oder ihres Bereichs und wird beschnitten.</translation>
+    </message>
+    <message>
+        <source>%1 colours are beyond sRGB or their range, and are cut.</source>
+        <translation>%1 Farben liegen außerhalb von sRGB oder ihres Bereichs und werden beschnitten.</translation>
+    </message>
+    <message>
+        <source>1 spot colour becomes an ordinary one.</source>
+        <translation>1 Schmuckfarbe wird zu einer gewöhnlichen.</translation>
+    </message>
+    <message>
+        <source>%1 spot colours become ordinary ones.</source>
+        <translation>%1 Schmuckfarben werden zu gewöhnlichen.</translation>
+    </message>
+    <message>
+        <source>1 colour is left out: its colour space is not known.</source>
+        <translation>1 Farbe wird ausgelassen: ihr Farbraum ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>%1 colours are left out: their colour space is not known.</source>
+        <translation>%1 Farben werden ausgelassen: ihr Farbraum ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>1 colour was edited beside what is kept of it; docs/palettes.md says what counts.</source>
+        <translation>1 Farbe wurde neben dem geändert, was von ihr aufbewahrt ist; docs/palettes.md sagt, was gilt.</translation>
+    </message>
+    <message>
+        <source>%1 colours were edited beside what is kept of them; docs/palettes.md says what counts.</source>
+        <translation>%1 Farben wurden neben dem geändert, was von ihnen aufbewahrt ist; docs/palettes.md sagt, was gilt.</translation>
+    </message>
+    <message>
+        <source>1 comment of this program fits no colour or list, and is ignored.</source>
+        <translation>1 Kommentar dieses Programms passt zu keiner Farbe oder Liste und wird übergangen.</translation>
+    </message>
+    <message>
+        <source>%1 comments of this program fit no colour or list, and are ignored.</source>
+        <translation>%1 Kommentare dieses Programms passen zu keiner Farbe oder Liste und werden übergangen.</translation>
+    </message>
+    <message>
+        <source>1 part of the file is no colour, and is left out.</source>
+        <translation>1 Teil der Datei ist keine Farbe und wird ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%1 parts of the file are no colours, and are left out.</source>
+        <translation>%1 Teile der Datei sind keine Farben und werden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>The text is not UTF-8, and is read as Windows-1252.</source>
+        <translation>Der Text ist nicht UTF-8 und wird als Windows-1252 gelesen.</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>Linear (Default)</source>

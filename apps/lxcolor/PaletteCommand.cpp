@@ -1,0 +1,156 @@
+#include "CommandError.h"
+#include "FileBytes.h"
+#include "Output.h"
+#include "PaletteFormat.h"
+#include "ProfilesOption.h"
+#include "SubcommandLine.h"
+#include "Subcommands.h"
+#include "SwatchListing.h"
+#include "Table.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <cstdio>
+
+namespace {
+
+using Format = PaletteFormat::Id;
+using Remarks = QVector<PaletteFormat::Remark>;
+
+QStringList formatNames()
+{
+    QStringList names;
+    for (const Format format : PaletteFormat::all())
+        names << PaletteFormat::name(format);
+    return names;
+}
+
+/// The format that an option names, or the suffix of a file name.
+Format formatOf(const SubcommandLine& line, const char* option, const QString& fileName)
+{
+    Format format = Format::Gpl;
+    const QString name = QLatin1String(option);
+    const QString accepted = formatNames().join(QStringLiteral(", "));
+    if (line.isSet(name) && !PaletteFormat::fromName(line.value(name), &format))
+        throw CommandError(
+            QStringLiteral("--%1 cannot be %2; accepted: %3").arg(name, quoted(line.value(name)), accepted));
+    if (!line.isSet(name) && !PaletteFormat::fromFileName(fileName, &format))
+        throw CommandError(QStringLiteral("cannot tell the format of %1 by its suffix; --%2 says it: %3")
+                               .arg(quoted(fileName), name, accepted));
+    return format;
+}
+
+QString placeOf(const PaletteFormat::Error& error)
+{
+    if (error.offset >= 0)
+        return QStringLiteral(": byte %1").arg(error.offset);
+    return error.line > 0 ? QStringLiteral(":%1:%2").arg(error.line).arg(error.column) : QString();
+}
+
+PaletteFormat::Reading readPalette(const QString& fileName, Format format)
+{
+    PaletteFormat::Reading reading = PaletteFormat::read(readFile(fileName, PaletteFormat::largestFile), format,
+                                                         QFileInfo(fileName).completeBaseName());
+    if (!reading.isRead)
+        throw CommandError(
+            QStringLiteral("%1%2: %3").arg(printable(fileName), placeOf(reading.error), printable(reading.error.text)));
+    return reading;
+}
+
+void warn(const QString& fileName, const Remarks& remarks)
+{
+    for (const PaletteFormat::Remark& remark : remarks)
+        std::fprintf(stderr, "lxcolor: warning: %s: %s\n", qUtf8Printable(printable(fileName)),
+                     qUtf8Printable(remark.text));
+}
+
+QJsonArray toJson(const Remarks& remarks)
+{
+    QJsonArray array;
+    for (const PaletteFormat::Remark& remark : remarks)
+        array.append(QJsonObject{{QStringLiteral("code"), PaletteFormat::name(remark.code)},
+                                 {QStringLiteral("count"), remark.count},
+                                 {QStringLiteral("sentence"), remark.text}});
+    return array;
+}
+
+void convert(const SubcommandLine& line, const QString& in, const QString& out)
+{
+    const Format from = formatOf(line, "from", in);
+    const Format to = formatOf(line, "to", out);
+    const PaletteFormat::Reading reading = readPalette(in, from);
+    const PaletteFormat::Writing writing = PaletteFormat::write(reading.palette, to);
+    if (!writing.isWritten)
+        throw CommandError(QStringLiteral("cannot write %1: %2").arg(quoted(out), writing.error));
+    replaceFile(out, writing.bytes);
+    if (line.format() == QLatin1String("json"))
+        return writeJsonLine({{QStringLiteral("in"), in},
+                              {QStringLiteral("from"), PaletteFormat::name(from)},
+                              {QStringLiteral("out"), out},
+                              {QStringLiteral("to"), PaletteFormat::name(to)},
+                              {QStringLiteral("lists"), reading.palette.lists.size()},
+                              {QStringLiteral("colors"), reading.palette.size()},
+                              {QStringLiteral("readRemarks"), toJson(reading.remarks)},
+                              {QStringLiteral("writeRemarks"), toJson(writing.remarks)}});
+    warn(in, reading.remarks);
+    warn(out, writing.remarks);
+}
+
+void show(const SubcommandLine& line, const QString& in)
+{
+    const PaletteFormat::Reading reading = readPalette(in, formatOf(line, "from", in));
+    warn(in, reading.remarks);
+    for (const Palette::List& list : reading.palette.lists) {
+        SwatchList listed{list.name, list.isUserList, {}};
+        for (const Palette::Entry& entry : list.entries)
+            listed.colors.append(
+                {entry.name, entry.uid, entry.value, entry.originatingPreset, entry.vendorId, entry.color()});
+        if (line.format() == QLatin1String("json"))
+            writeJsonLine(toJson(in, listed));
+        else
+            writeTable(in, listed, wantsSwatches(line));
+    }
+}
+
+} // namespace
+
+void runPalette(const QStringList& arguments)
+{
+    SubcommandLine line(
+        QStringLiteral("palette [options] convert FILE OUT\n       lxcolor palette [options] show FILE"),
+        QStringLiteral("Reads and writes palettes: .gpl, .ase, .aco, .csv, .css, and the library's own documents "
+                       "(.xml, .lxcolors).\nThe suffix of a file says its format, or an option does.\n\n"
+                       "What the format of OUT cannot hold is kept in comments or columns where it has them, and "
+                       "otherwise told on\nstandard error, each kind of loss once. A file that has a fault is not "
+                       "read at all. OUT is replaced in one step.\n\n"
+                       "Examples:\n  lxcolor palette convert Presets/ColorWheel.lxcolors wheel.gpl\n"
+                       "  lxcolor palette convert from-the-designer.ase show.lxcolors\n"
+                       "  lxcolor palette show wheel.gpl"));
+    const QString formats = formatNames().join(QLatin1Char('|'));
+    line.addValue(QStringLiteral("from"), formats,
+                  QStringLiteral("The format of FILE; by default what its suffix says."));
+    line.addValue(QStringLiteral("to"), formats, QStringLiteral("The format of OUT; by default what its suffix says."));
+    addProfilesOption(line);
+    line.addFormats({QStringLiteral("table"), QStringLiteral("json")},
+                    QStringLiteral("convert: nothing but warnings, or with json an object that tells what was lost; "
+                                   "show: a table for people, or an object a list, as lxcolor swatches prints them."));
+    addSwatchesOption(line);
+    if (!line.parse(arguments))
+        return;
+    const QStringList words = line.positionalArguments();
+    const QString action = words.value(0);
+    if (action != QLatin1String("convert") && action != QLatin1String("show"))
+        throw CommandError(QStringLiteral("palette cannot %1; accepted: convert, show").arg(quoted(action)));
+    const bool isConversion = action == QLatin1String("convert");
+    if (words.size() != (isConversion ? 3 : 2))
+        throw CommandError(isConversion ? QStringLiteral("convert needs two files: FILE and OUT")
+                                        : QStringLiteral("show needs one file"));
+    line.format(); // refuses what excludes each other before anything is written
+    readProfiles(line);
+    if (isConversion)
+        convert(line, words.at(1), words.at(2));
+    else
+        show(line, words.at(1));
+}
