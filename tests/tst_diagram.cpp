@@ -3,6 +3,7 @@
 #include "ChromaticityDiagram.h"
 #include "LXColor.h"
 #include "MatchReport.h"
+#include "ScreenColor.h"
 #include "StandardObserver.h"
 
 #include <QBuffer>
@@ -79,6 +80,7 @@ private Q_SLOTS:
     void interiorIsColouredWithinTheLocus();
     void interiorFollowsTheSettings();
     void displayColors();
+    void screenColors();
     void nothingOutsideTheRectangleIsTouched();
     void sharperScreensGetMorePixels();
     void everyElementShows_data();
@@ -219,6 +221,32 @@ void TestDiagram::interiorFollowsTheSettings()
     kept.setShownRange(QRectF(0.1, 0.4, 0.3, 0.2));
     QCOMPARE(painted(kept), fresh());
     QCOMPARE(painted(kept, QSize(300, 200)), fresh(QSize(300, 200)));
+}
+
+// What stands on a screen for a light: its chromaticity, dimmed in light, not in numbers; for a colour, its own red,
+// green and blue if it has them.
+void TestDiagram::screenColors()
+{
+    QCOMPARE(ScreenColor::ofLight(kD65, 1.0), Diagram::displayColor(kD65));
+    QCOMPARE(ScreenColor::ofLight(kD65, 7.0), Diagram::displayColor(kD65));
+    const QColor half = ScreenColor::ofLight(kD65, 0.5);
+    const auto halved = [](int component) { // by the curve of IEC 61966-2-1
+        const double linear = 0.5 * std::pow((component / 255.0 + 0.055) / 1.055, 2.4);
+        return qRound(255.0 * (1.055 * std::pow(linear, 1.0 / 2.4) - 0.055));
+    };
+    const QColor full = Diagram::displayColor(kD65);
+    QVERIFY(difference(half, QColor(halved(full.red()), halved(full.green()), halved(full.blue()))) <= 1);
+    for (double nothing : {0.0, -1.0, kNaN})
+        QCOMPARE(ScreenColor::ofLight(kD65, nothing), QColor(Qt::black));
+    QCOMPARE(ScreenColor::ofLight({kNaN, 0.3}, 1.0), QColor(Qt::black));
+
+    QCOMPARE(ScreenColor::ofColor(LXColor("#80ff8001")), QColor(255, 128, 1, 128));
+    QCOMPARE(ScreenColor::ofColor(LXColor::fromxyY(kD65.x(), kD65.y(), 0.5, ColorUtils::ProfileGenericRGB)), half);
+    const LXColor white =
+        LXColor::fromNChannel8({255, 0, 0, 0, 255}, ColorUtils::ConfigRGBW, ColorUtils::ProfileWashLineQP6RGBW);
+    const QColor shown = ScreenColor::ofColor(white);
+    QVERIFY(shown.red() > 200 && shown.green() > 180 && shown.blue() > 120);
+    QVERIFY(!ScreenColor::ofColor(LXColor()).isValid());
 }
 
 void TestDiagram::displayColors()

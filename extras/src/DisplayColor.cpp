@@ -37,6 +37,15 @@ const std::array<unsigned char, kEncodedSteps + 1>& encodedSteps()
     return table;
 }
 
+/// The light of an encoded component, 0..1: the curve above, backwards.
+double linearOf(int encoded)
+{
+    const double value = encoded / 255.0;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+int encodedOf(double linear) { return encodedSteps()[static_cast<size_t>(linear * kEncodedSteps + 0.5)]; }
+
 } // namespace
 
 QRgb displayColor(double x, double y)
@@ -54,11 +63,20 @@ QRgb displayColor(double x, double y)
         return qRgb(0, 0, 0);
 
     const double norm = std::sqrt(std::cbrt(sixthPowers));
-    const auto& encoded = encodedSteps();
     int bytes[3];
     for (int i = 0; i < 3; ++i)
-        bytes[i] = encoded[static_cast<size_t>(std::min(rgb[i] / norm, 1.0) * kEncodedSteps + 0.5)];
+        bytes[i] = encodedOf(std::min(rgb[i] / norm, 1.0));
     return qRgb(bytes[0], bytes[1], bytes[2]);
+}
+
+QRgb dimmed(QRgb color, double ratio)
+{
+    if (!(ratio > 0.0))
+        return qRgb(0, 0, 0);
+    if (ratio >= 1.0)
+        return color | 0xff000000u;
+    const auto dim = [=](int encoded) { return encodedOf(linearOf(encoded) * ratio); };
+    return qRgb(dim(qRed(color)), dim(qGreen(color)), dim(qBlue(color)));
 }
 
 } // namespace lxcolor

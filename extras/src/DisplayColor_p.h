@@ -10,6 +10,9 @@ namespace lxcolor {
 /// smooth across the diagram. Black for one that is not finite.
 QRgb displayColor(double x, double y);
 
+/// \a color with its light reduced to \a ratio, which is limited to 0..1; black for NaN. Opaque.
+QRgb dimmed(QRgb color, double ratio);
+
 } // namespace lxcolor
 
 #endif
