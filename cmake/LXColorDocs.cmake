@@ -17,6 +17,10 @@ if(TARGET LXColorExtras)
     lxcolor_public_headers(extras LXCOLOR_EXTRAS_PUBLIC_HEADERS documented_extras)
     list(APPEND documented ${documented_extras})
 endif()
+if(TARGET LXColorWidgets)
+    lxcolor_public_headers(widgets LXCOLOR_WIDGETS_PUBLIC_HEADERS documented_widgets)
+    list(APPEND documented ${documented_widgets})
+endif()
 
 # Doxygen passes over free functions, without a word, where it knows nothing of their header.
 set(LXCOLOR_DOXYGEN_DIR "${PROJECT_BINARY_DIR}/docs")

@@ -2,6 +2,7 @@
 #
 #   lxcolor_runtime         libLXColor
 #   lxcolor_extras          libLXColorExtras
+#   lxcolor_widgets         libLXColorWidgets
 #   lxcolor_data            translations, the sample fixture database, schemas
 #   lxcolor_development     headers, CMake package, pkg-config files, static libraries
 #   lxcolor_tools           programs, their manual pages and shell completion
@@ -92,10 +93,16 @@ if(TARGET LXColorExtras)
     lxcolor_install_pkgconfig(LXColorExtras "LXColor = ${PROJECT_VERSION}")
     lxcolor_qt_modules(LXColorExtras LXCOLOR_EXTRAS_QT_MODULES)
 endif()
+if(TARGET LXColorWidgets)
+    lxcolor_install_library(LXColorWidgets widgets LXCOLOR_WIDGETS_PUBLIC_HEADERS lxcolor_widgets)
+    lxcolor_install_pkgconfig(LXColorWidgets "LXColorExtras = ${PROJECT_VERSION}")
+    lxcolor_qt_modules(LXColorWidgets LXCOLOR_WIDGETS_QT_MODULES)
+endif()
 
 # CMake package
 list(JOIN LXCOLOR_QT_MODULES " " LXCOLOR_QT_MODULES)
 list(JOIN LXCOLOR_EXTRAS_QT_MODULES " " LXCOLOR_EXTRAS_QT_MODULES)
+list(JOIN LXCOLOR_WIDGETS_QT_MODULES " " LXCOLOR_WIDGETS_QT_MODULES)
 set(PACKAGE_DATADIR "${LXCOLOR_INSTALL_DATADIR}")
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/LXColorConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/LXColorConfig.cmake"

@@ -20,6 +20,9 @@ if(BUILD_SHARED_LIBS)
     if(TARGET LXColorExtras)
         list(APPEND CPACK_COMPONENTS_ALL lxcolor_extras)
     endif()
+    if(TARGET LXColorWidgets)
+        list(APPEND CPACK_COMPONENTS_ALL lxcolor_widgets)
+    endif()
 endif()
 if(TARGET lxcolor OR TARGET lxswatches)
     list(APPEND CPACK_COMPONENTS_ALL lxcolor_tools)
@@ -33,7 +36,8 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/LXColor" "${PROJECT_BINARY_DIR}/extras")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/LXColor" "${PROJECT_BINARY_DIR}/extras"
+    "${PROJECT_BINARY_DIR}/widgets")
 set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/LXColorDebianFiles.cmake")
 
 # lxcolor_debian_package(COMPONENT PACKAGE SECTION SUMMARY DESCRIPTION [SHLIBDEPS] [ALL]
@@ -71,6 +75,9 @@ if(BUILD_SHARED_LIBS)
     if(TARGET LXColorExtras)
         list(APPEND runtime_packages liblxcolorextras${PROJECT_VERSION_MAJOR})
     endif()
+    if(TARGET LXColorWidgets)
+        list(APPEND runtime_packages liblxcolorwidgets${PROJECT_VERSION_MAJOR})
+    endif()
 endif()
 
 lxcolor_debian_package(lxcolor_runtime liblxcolor${PROJECT_VERSION_MAJOR} libs
@@ -81,6 +88,10 @@ lxcolor_debian_package(lxcolor_extras liblxcolorextras${PROJECT_VERSION_MAJOR} l
     "colour library for LED lighting fixtures - further classes"
     "${about}\n.\nThis package contains the second shared library, which builds upon the first."
     SHLIBDEPS OWN liblxcolor${PROJECT_VERSION_MAJOR})
+lxcolor_debian_package(lxcolor_widgets liblxcolorwidgets${PROJECT_VERSION_MAJOR} libs
+    "colour library for LED lighting fixtures - widgets"
+    "${about}\n.\nThis package contains the third shared library: widgets for Qt applications."
+    SHLIBDEPS OWN liblxcolor${PROJECT_VERSION_MAJOR} liblxcolorextras${PROJECT_VERSION_MAJOR})
 lxcolor_debian_package(lxcolor_data lxcolor-data misc
     "colour library for LED lighting fixtures - data"
     "${about}\n.\nThis package contains translations, XML schemas and a sample fixture database."

@@ -7,6 +7,7 @@ set(STRANGER "${CMAKE_CURRENT_LIST_DIR}/stranger")
 set(STRANGER_OUTPUT "255 206 0 58")
 set(STRANGER_SOURCE_LXColor "${STRANGER}/main.cpp")
 set(STRANGER_SOURCE_LXColorExtras "${STRANGER}/extras.cpp")
+set(STRANGER_SOURCE_LXColorWidgets "${STRANGER}/widgets.cpp")
 
 # skip_without(PROGRAM...): ends the test where a program is missing.
 macro(skip_without)
@@ -68,6 +69,9 @@ function(build_stranger dir)
     expect_stranger_output("${dir}/stranger")
     if("LXColorExtras" IN_LIST LIBRARIES)
         expect_stranger_output("${dir}/stranger_extras")
+    endif()
+    if("LXColorWidgets" IN_LIST LIBRARIES)
+        expect_stranger_output("${dir}/stranger_widgets")
     endif()
 endfunction()
 

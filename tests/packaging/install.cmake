@@ -10,6 +10,7 @@ file(RENAME "${first}" "${INSTALLED}")
 # Every public header of the sources, and no other.
 set(source_dir_LXColor "${SOURCE_DIR}/LXColor/src")
 set(source_dir_LXColorExtras "${SOURCE_DIR}/extras/src")
+set(source_dir_LXColorWidgets "${SOURCE_DIR}/widgets/src")
 foreach(library IN LISTS LIBRARIES)
     file(GLOB public RELATIVE "${source_dir_${library}}" "${source_dir_${library}}/*.h")
     list(FILTER public EXCLUDE REGEX "_p[.]h$")

@@ -822,4 +822,130 @@
         <translation>Leeres LXColorLibrary-Element gefunden</translation>
     </message>
 </context>
+<context>
+    <name>SwatchView</name>
+    <message>
+        <source>red %1, green %2, blue %3</source>
+        <translation>Rot %1, Grün %2, Blau %3</translation>
+    </message>
+    <message>
+        <source>levels %1</source>
+        <translation>Pegel %1</translation>
+    </message>
+    <message>
+        <source>colours: %1</source>
+        <translation>Farben: %1</translation>
+    </message>
+    <message>
+        <source>Colour ID: %1</source>
+        <translation>Farb-ID: %1</translation>
+    </message>
+    <message>
+        <source>From: %1</source>
+        <translation>Aus: %1</translation>
+    </message>
+    <message>
+        <source>Search swatches</source>
+        <translation>Farbfelder suchen</translation>
+    </message>
+    <message>
+        <source>Shows the colours whose name, or whose list, has every word that you type.</source>
+        <translation>Zeigt die Farben, in deren Namen oder Liste jedes eingegebene Wort vorkommt.</translation>
+    </message>
+    <message>
+        <source>Swatches</source>
+        <translation>Farbfelder</translation>
+    </message>
+    <message>
+        <source>Lists of colours. F2 renames, Delete removes, Enter uses a colour.</source>
+        <translation>Farblisten. F2 benennt um, Entf löscht, die Eingabetaste verwendet eine Farbe.</translation>
+    </message>
+    <message>
+        <source>New &amp;List</source>
+        <translation>Neue &amp;Liste</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>No swatch is called “%1”.</source>
+        <translation>Kein Farbfeld heißt „%1“.</translation>
+    </message>
+    <message>
+        <source>There are no swatches yet.</source>
+        <translation>Es gibt noch keine Farbfelder.</translation>
+    </message>
+    <message>
+        <source>New List</source>
+        <translation>Neue Liste</translation>
+    </message>
+    <message>
+        <source>There is no colour on the clipboard.</source>
+        <translation>In der Zwischenablage ist keine Farbe.</translation>
+    </message>
+    <message>
+        <source>Add swatch</source>
+        <translation>Farbfeld hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>lxcolor::SwatchEditor</name>
+    <message>
+        <source>Preset lists and the project&apos;s list stay as they are.</source>
+        <translation>Vorgegebene Listen und die des Projekts bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>Delete swatches</source>
+        <translation>Farbfelder löschen</translation>
+    </message>
+    <message>
+        <source>“%1” keeps its name.</source>
+        <translation>„%1“ behält den Namen.</translation>
+    </message>
+    <message>
+        <source>There is a “%1” already.</source>
+        <translation>„%1“ gibt es schon.</translation>
+    </message>
+    <message>
+        <source>New list</source>
+        <translation>Neue Liste</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be changed.</source>
+        <translation>„%1“ kann nicht geändert werden.</translation>
+    </message>
+    <message>
+        <source>Add swatches</source>
+        <translation>Farbfelder hinzufügen</translation>
+    </message>
+    <message>
+        <source>Move swatches</source>
+        <translation>Farbfelder verschieben</translation>
+    </message>
+</context>
 </TS>
