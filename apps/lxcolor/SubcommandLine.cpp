@@ -36,6 +36,12 @@ void SubcommandLine::addValue(const QString& name, const QString& valueName, con
     m_singleNames.append(name);
 }
 
+void SubcommandLine::addOutput(const QString& description)
+{
+    add(QCommandLineOption({QStringLiteral("o"), QStringLiteral("output")}, description, QStringLiteral("FILE")));
+    m_singleNames.append(QStringLiteral("output"));
+}
+
 void SubcommandLine::addValues(const QString& name, const QString& valueName, const QString& description)
 {
     add(QCommandLineOption(name, description, valueName));

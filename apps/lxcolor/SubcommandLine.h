@@ -18,6 +18,8 @@ public:
     void addFlag(const QString& name, const QString& description);
     void addValue(const QString& name, const QString& valueName, const QString& description,
                   const QString& defaultValue = QString());
+    /// The option -o, --output, whose value is a file to write.
+    void addOutput(const QString& description);
     /// A value option that may be given several times; any other is refused when it is.
     void addValues(const QString& name, const QString& valueName, const QString& description);
     /// An option with a fixed set of values, the first of which is the default unless \a isRequired.

@@ -18,6 +18,7 @@ const QVector<Subcommand>& subcommands()
         {QStringLiteral("check"), QStringLiteral("find what is wrong with databases, swatch files and documents"),
          runCheck},
         {QStringLiteral("palette"), QStringLiteral("read and write the palettes of other programs"), runPalette},
+        {QStringLiteral("import"), QStringLiteral("bring measured emitters of a fixture into a database"), runImport},
     };
     return all;
 }

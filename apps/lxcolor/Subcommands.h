@@ -33,5 +33,6 @@ void runPlot(const QStringList& arguments);
 void runSwatches(const QStringList& arguments);
 void runCheck(const QStringList& arguments);
 void runPalette(const QStringList& arguments);
+void runImport(const QStringList& arguments);
 
 #endif

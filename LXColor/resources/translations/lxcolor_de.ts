@@ -264,6 +264,281 @@
     </message>
 </context>
 <context>
+    <name>FixtureImport</name>
+    <message>
+        <source>The quotation mark that opens here is not closed</source>
+        <translation>Das Anführungszeichen, das hier öffnet, wird nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>There are no fields</source>
+        <translation>Es gibt keine Felder</translation>
+    </message>
+    <message>
+        <source>There are more than %1 fields</source>
+        <translation>Es gibt mehr als %1 Felder</translation>
+    </message>
+    <message>
+        <source>There are %1 values, which is no multiple of the %2 fields</source>
+        <translation>Es gibt %1 Werte, kein Vielfaches der %2 Felder</translation>
+    </message>
+    <message>
+        <source>Only the first table of the file is read.</source>
+        <translation>Nur die erste Tabelle der Datei wird gelesen.</translation>
+    </message>
+    <message>
+        <source>The file ends before &quot;%1&quot;</source>
+        <translation>Die Datei endet vor &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>%1 is %2, but there are %3</source>
+        <translation>%1 ist %2, aber es gibt %3</translation>
+    </message>
+    <message>
+        <source>%1 channels are stated, but the fixture has %2: %3</source>
+        <translation>%1 Kanäle sind angegeben, aber der Scheinwerfer hat %2: %3</translation>
+    </message>
+    <message>
+        <source>There is no emitter &quot;%1&quot;; there are: %2</source>
+        <translation>Es gibt keinen Emitter &quot;%1&quot;; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>The emitter &quot;%1&quot; is stated twice</source>
+        <translation>Der Emitter &quot;%1&quot; ist zweimal angegeben</translation>
+    </message>
+    <message>
+        <source>Several emitters may be %1: %2; state the channels</source>
+        <translation>Mehrere Emitter können %1 sein: %2; geben Sie die Kanäle an</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be %2: its chromaticity is %3, %4. If that is right, state the channels</source>
+        <translation>&quot;%1&quot; kann nicht %2 sein: der Farbort ist %3, %4. Wenn das stimmt, geben Sie die Kanäle an</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is taken for %2 by its colour.</source>
+        <translation>&quot;%1&quot; gilt seiner Farbe nach als %2.</translation>
+    </message>
+    <message>
+        <source>There is no emitter for %1; there are: %2</source>
+        <translation>Es gibt keinen Emitter für %1; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>Not used: %1.</source>
+        <translation>Nicht verwendet: %1.</translation>
+    </message>
+    <message>
+        <source>%1 is outside the spectral locus: no light has its chromaticity %2, %3.</source>
+        <translation>%1 liegt außerhalb des Spektralfarbenzugs: kein Licht hat den Farbort %2, %3.</translation>
+    </message>
+    <message>
+        <source>%1 has X or Z of 0: colours at its corner of the gamut cannot be matched.</source>
+        <translation>%1 hat X oder Z gleich 0: Farben an dieser Ecke des Farbumfangs lassen sich nicht nachbilden.</translation>
+    </message>
+    <message>
+        <source>%1 has no gamut: red, green and blue are needed</source>
+        <translation>%1 hat keinen Farbumfang: Rot, Grün und Blau sind nötig</translation>
+    </message>
+    <message>
+        <source>No fixture has the profile %1</source>
+        <translation>Kein Scheinwerfer hat das Profil %1</translation>
+    </message>
+    <message>
+        <source>It is no fixture profile database</source>
+        <translation>Es ist keine Datenbank mit Scheinwerferprofilen</translation>
+    </message>
+    <message>
+        <source>The place of the profile in it cannot be found</source>
+        <translation>Die Stelle des Profils darin ist nicht zu finden</translation>
+    </message>
+    <message>
+        <source>Its root is a profile: put that into an element &quot;Profiles&quot; first</source>
+        <translation>Die Wurzel ist ein Profil: setzen Sie es zuerst in ein Element &quot;Profiles&quot;</translation>
+    </message>
+    <message>
+        <source>Not well-formed: %1</source>
+        <translation>Nicht wohlgeformt: %1</translation>
+    </message>
+    <message>
+        <source>It is not UTF-8: profiles can be added to UTF-8 text alone</source>
+        <translation>Es ist nicht UTF-8: Profile lassen sich nur UTF-8-Text hinzufügen</translation>
+    </message>
+    <message>
+        <source>It has a profile %1 already, in line %2; it is replaced only when that is asked for (--replace)</source>
+        <translation>Darin ist in Zeile %2 schon ein Profil %1; es wird nur auf Wunsch ersetzt (--replace)</translation>
+    </message>
+    <message>
+        <source>It has errors, such as in line %1: %2</source>
+        <translation>Es hat Fehler, etwa in Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>The result would have errors, such as in line %1: %2</source>
+        <translation>Das Ergebnis hätte Fehler, etwa in Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MiB</source>
+        <translation>Die Datei ist größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>The text is not UTF-8, and is read as Windows-1252.</source>
+        <translation>Der Text ist nicht UTF-8 und wird als Windows-1252 gelesen.</translation>
+    </message>
+    <message>
+        <source>A unit is stated, but GDTF has units of its own</source>
+        <translation>Eine Einheit ist angegeben, aber GDTF hat eigene Einheiten</translation>
+    </message>
+    <message>
+        <source>The archive cannot be read: %1</source>
+        <translation>Das Archiv ist nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>there is no description.xml in it</source>
+        <translation>darin ist keine description.xml</translation>
+    </message>
+    <message>
+        <source>its description.xml is larger than %1 MiB</source>
+        <translation>die description.xml ist größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>This program was built without libzip: unpack the archive and import its description.xml</source>
+        <translation>Dieses Programm ist ohne libzip gebaut: entpacken Sie das Archiv und importieren Sie die description.xml</translation>
+    </message>
+    <message>
+        <source>Entities are declared</source>
+        <translation>Entitäten sind deklariert</translation>
+    </message>
+    <message>
+        <source>This is no GDTF description: its root is not &quot;GDTF&quot;</source>
+        <translation>Das ist keine GDTF-Beschreibung: die Wurzel ist nicht &quot;GDTF&quot;</translation>
+    </message>
+    <message>
+        <source>There are no emitters in the description</source>
+        <translation>In der Beschreibung gibt es keine Emitter</translation>
+    </message>
+    <message>
+        <source>Color is &quot;%1&quot;; three numbers x,y,Y are expected</source>
+        <translation>Color ist &quot;%1&quot;; drei Zahlen x,y,Y werden erwartet</translation>
+    </message>
+    <message>
+        <source>Physical is %1; a level above 0 and up to 100 percent is expected</source>
+        <translation>Physical ist %1; ein Pegel über 0 und bis 100 Prozent wird erwartet</translation>
+    </message>
+    <message>
+        <source>The attribute %1 is missing</source>
+        <translation>Das Attribut %1 fehlt</translation>
+    </message>
+    <message>
+        <source>%1 is &quot;%2&quot;, which is no number</source>
+        <translation>%1 ist &quot;%2&quot;, und das ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1 has no Color and no spectrum: it is taken for light of %2 nm alone.</source>
+        <translation>%1 hat weder Color noch Spektrum und gilt als Licht von %2 nm allein.</translation>
+    </message>
+    <message>
+        <source>A tag has too many attributes, or is too long</source>
+        <translation>Ein Tag hat zu viele Attribute oder ist zu lang</translation>
+    </message>
+    <message>
+        <source>%1 is left out: no visible colour is given.</source>
+        <translation>%1 wird ausgelassen: keine sichtbare Farbe ist angegeben.</translation>
+    </message>
+    <message>
+        <source>%1 is left out: it has no %2 to compare it with the others.</source>
+        <translation>%1 wird ausgelassen: %2 fehlt, um es mit den anderen zu vergleichen.</translation>
+    </message>
+    <message>
+        <source>%1 was measured at %2 %, but %3 at %4 %</source>
+        <translation>%1 wurde bei %2 % gemessen, aber %3 bei %4 %</translation>
+    </message>
+    <message>
+        <source>The emitters were measured at %1 %: their ratios are taken for those at full.</source>
+        <translation>Die Emitter wurden bei %1 % gemessen: ihre Verhältnisse gelten als die bei voller Stärke.</translation>
+    </message>
+    <message>
+        <source>No light has the chromaticity %1, %2</source>
+        <translation>Kein Licht hat den Farbort %1, %2</translation>
+    </message>
+    <message>
+        <source>Y has to be above 0, but is %1</source>
+        <translation>Y muss über 0 liegen, ist aber %1</translation>
+    </message>
+    <message>
+        <source>%1 gives no light: Y is %2</source>
+        <translation>%1 gibt kein Licht: Y ist %2</translation>
+    </message>
+    <message>
+        <source>%1 has a negative X or Z, which no light has</source>
+        <translation>%1 hat ein negatives X oder Z, das kein Licht hat</translation>
+    </message>
+    <message>
+        <source>%1: X or Z is a little below 0 and becomes 0.</source>
+        <translation>%1: X oder Z liegt etwas unter 0 und wird 0.</translation>
+    </message>
+    <message>
+        <source>A spectrum needs two samples or more, at wavelengths that differ</source>
+        <translation>Ein Spektrum braucht zwei oder mehr Werte bei verschiedenen Wellenlängen</translation>
+    </message>
+    <message>
+        <source>The wavelengths %1 to %2 are none of visible light in nanometres</source>
+        <translation>Die Wellenlängen %1 bis %2 sind nicht die von sichtbarem Licht in Nanometern</translation>
+    </message>
+    <message>
+        <source>There are no columns x, y, Y, nor X, Y, Z, nor of wavelengths such as &quot;380 nm&quot;</source>
+        <translation>Es gibt keine Spalten x, y, Y, noch X, Y, Z, noch Wellenlängen wie &quot;380 nm&quot;</translation>
+    </message>
+    <message>
+        <source>The unit is &quot;%1&quot;, but &quot;%2&quot; before it</source>
+        <translation>Die Einheit ist &quot;%1&quot;, davor aber &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>The unit &quot;%1&quot; does not fit; accepted: %2</source>
+        <translation>Die Einheit &quot;%1&quot; passt nicht; möglich: %2</translation>
+    </message>
+    <message>
+        <source>The unit is &quot;%1&quot; here, but &quot;%2&quot; elsewhere</source>
+        <translation>Die Einheit ist hier &quot;%1&quot;, anderswo aber &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>The unit is not stated; accepted: %1</source>
+        <translation>Die Einheit ist nicht angegeben; möglich: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;: decimal points and decimal commas are mixed</source>
+        <translation>&quot;%1&quot;: Dezimalpunkte und Dezimalkommas sind gemischt</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>&quot;%1&quot; ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>There is no column with the names of emitters; accepted: %1</source>
+        <translation>Es gibt keine Spalte mit den Namen der Emitter; möglich: %1</translation>
+    </message>
+    <message>
+        <source>There is a second &quot;%1&quot;</source>
+        <translation>Es gibt ein zweites &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>The wavelengths have to be in nanometres, and say so: &quot;wavelength (nm)&quot;</source>
+        <translation>Die Wellenlängen müssen in Nanometern sein und das sagen: &quot;wavelength (nm)&quot;</translation>
+    </message>
+    <message>
+        <source>There are no measurements below the line of heads</source>
+        <translation>Unter der Kopfzeile stehen keine Messungen</translation>
+    </message>
+    <message>
+        <source>The file is empty</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>The row has %1 cells, but there are %2 heads (numbers with decimal commas need quotation marks, or semicolons between the cells)</source>
+        <translation>Die Zeile hat %1 Zellen, aber es gibt %2 Spaltenköpfe (Zahlen mit Dezimalkomma brauchen Anführungszeichen, oder Semikolons zwischen den Zellen)</translation>
+    </message>
+    <message>
+        <source>X, Y and Z have to be from %1 to %2</source>
+        <translation>X, Y und Z müssen von %1 bis %2 reichen</translation>
+    </message>
+</context>
+<context>
     <name>FrameRenderer</name>
     <message>
         <source>Fixture %1: there is no profile %2.</source>
