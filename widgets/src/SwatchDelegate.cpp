@@ -25,6 +25,13 @@ QColor textColor(const QStyleOptionViewItem& option)
                                 isSelected ? QPalette::HighlightedText : QPalette::Text);
 }
 
+QFont quietFont(QFont font)
+{
+    if (font.pointSizeF() > 0.0)
+        font.setPointSizeF(font.pointSizeF() * 0.88);
+    return font;
+}
+
 /// A padlock, for lists that stay as they are.
 void paintLock(QPainter& painter, const QRectF& rect, const QColor& color)
 {
@@ -40,17 +47,20 @@ void paintLock(QPainter& painter, const QRectF& rect, const QColor& color)
 }
 
 /// Text that is said beside, at the right; what is left of \a rect is for the rest.
-void paintAside(QPainter& painter, QRect& rect, const QString& text, const QFontMetrics& metrics)
+void paintAside(QPainter& painter, QRect& rect, const QString& text, const QFont& font)
 {
+    const QFont own = painter.font();
+    painter.setFont(font);
     painter.setOpacity(Muted);
     painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter, text);
     painter.setOpacity(1.0);
-    rect.setRight(rect.right() - metrics.horizontalAdvance(text) - 2 * Margin);
+    painter.setFont(own);
+    rect.setRight(rect.right() - QFontMetrics(font).horizontalAdvance(text) - 2 * Margin);
 }
 
 void paintList(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index, QRect rect)
 {
-    paintAside(painter, rect, QString::number(index.model()->rowCount(index)), option.fontMetrics);
+    paintAside(painter, rect, QString::number(index.model()->rowCount(index)), quietFont(option.font));
     if (!index.data(LXColorLibraryItem::CanBeModifiedRole).toBool()) {
         constexpr int LockSide = 12;
         painter.save();
@@ -85,10 +95,11 @@ void paintColor(QPainter& painter, const QStyleOptionViewItem& option, const QMo
     const QString name = index.data().toString();
     const auto* color = static_cast<const LXColor*>(index.data(LXColorLibraryItem::ColorRole).value<void*>());
     const QString value = color ? shortValue(*color) : QString();
-    const int needed = option.fontMetrics.horizontalAdvance(name) + option.fontMetrics.horizontalAdvance(value);
+    const QFont quiet = quietFont(option.font);
+    const int needed = option.fontMetrics.horizontalAdvance(name) + QFontMetrics(quiet).horizontalAdvance(value);
     const bool isSaidTwice = value.compare(name, Qt::CaseInsensitive) == 0;
     if (!isSaidTwice && needed + 3 * Margin <= rect.width())
-        paintAside(painter, rect, value, option.fontMetrics);
+        paintAside(painter, rect, value, quiet);
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter,
                      option.fontMetrics.elidedText(name, Qt::ElideRight, rect.width()));
 }

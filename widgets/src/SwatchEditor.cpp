@@ -138,7 +138,7 @@ QString SwatchEditor::addList(const QString& name)
 {
     if (!m_library)
         return {};
-    const QString freeName = m_library->getNewColorListName(name);
+    QString freeName = m_library->getNewColorListName(name);
     auto* command = new ListCommand(m_library, SwatchesCommand::Insertion,
                                     {freeName, m_library->rowCount(m_library->rootIndex()), {}});
     command->setText(tr("New list"));
@@ -200,7 +200,7 @@ QStringList SwatchEditor::moveEntries(const Entries& entries, const QModelIndex&
 
     m_undoStack.beginMacro(tr("Move swatches"));
     removeEntries(leaving);
-    const QStringList uids = insert(target, place, swatches, QString());
+    QStringList uids = insert(target, place, swatches, QString());
     m_undoStack.endMacro();
     return uids;
 }

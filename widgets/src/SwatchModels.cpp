@@ -60,7 +60,7 @@ QPixmap RootedSwatches::thumbnailOf(const LXColor& color) const
 
 QVariant RootedSwatches::data(const QModelIndex& index, int role) const
 {
-    const QVariant value = QIdentityProxyModel::data(index, role);
+    QVariant value = QIdentityProxyModel::data(index, role);
     const auto isColor = [&] {
         return m_library &&
                QIdentityProxyModel::data(index, Role::ItemTypeRole).toInt() != LXColorLibraryItem::ListItem;

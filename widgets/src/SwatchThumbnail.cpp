@@ -79,7 +79,7 @@ QString shortValue(const LXColor& color)
 {
     switch (color.spec()) {
     case LXColor::Yxy:
-        return QStringLiteral("x %1  y %2").arg(color.getx(), 0, 'f', 3).arg(color.gety(), 0, 'f', 3);
+        return QStringLiteral("%1  %2").arg(color.getx(), 0, 'f', 3).arg(color.gety(), 0, 'f', 3);
     case LXColor::NChannel:
         return levelsOf(color).join(QLatin1Char(' '));
     case LXColor::Invalid:
@@ -92,10 +92,10 @@ QString shortValue(const LXColor& color)
 QString valueInWords(const LXColor& color)
 {
     const QColor rgb = color.getQColor(true);
-    const QString text = QCoreApplication::translate("SwatchView", "red %1, green %2, blue %3")
-                             .arg(rgb.red())
-                             .arg(rgb.green())
-                             .arg(rgb.blue());
+    QString text = QCoreApplication::translate("SwatchView", "red %1, green %2, blue %3")
+                       .arg(rgb.red())
+                       .arg(rgb.green())
+                       .arg(rgb.blue());
     if (color.spec() == LXColor::Yxy)
         return text + QStringLiteral("; x %1, y %2").arg(color.getx(), 0, 'f', 4).arg(color.gety(), 0, 'f', 4);
     if (color.spec() == LXColor::NChannel)

@@ -539,6 +539,57 @@
     </message>
 </context>
 <context>
+    <name>FixturePreview</name>
+    <message>
+        <source>8 bit</source>
+        <translation>8 Bit</translation>
+    </message>
+    <message>
+        <source>16 bit</source>
+        <translation>16 Bit</translation>
+    </message>
+    <message>
+        <source>Resolution</source>
+        <translation>Auflösung</translation>
+    </message>
+    <message>
+        <source>Match colours</source>
+        <translation>Farben angleichen</translation>
+    </message>
+    <message>
+        <source>Without, generic RGB colours go to the fixture as they are.</source>
+        <translation>Ohne gehen allgemeine RGB-Farben unverändert an den Scheinwerfer.</translation>
+    </message>
+    <message>
+        <source>&amp;Fixture</source>
+        <translation>&amp;Scheinwerfer</translation>
+    </message>
+    <message>
+        <source>IO &amp;mode</source>
+        <translation>IO-&amp;Betriebsartamp;Modus</translation>
+    </message>
+    <message>
+        <source>Requested and achieved light</source>
+        <translation>Gewünschtes und erreichtes Licht</translation>
+    </message>
+    <message>
+        <source>no light</source>
+        <translation>kein Licht</translation>
+    </message>
+    <message>
+        <source>Requested</source>
+        <translation>Gewünscht</translation>
+    </message>
+    <message>
+        <source>Achieved</source>
+        <translation>Erreicht</translation>
+    </message>
+    <message>
+        <source>Emitter levels and DMX bytes</source>
+        <translation>Pegel der Emitter und DMX-Bytes</translation>
+    </message>
+</context>
+<context>
     <name>FrameRenderer</name>
     <message>
         <source>Fixture %1: there is no profile %2.</source>
@@ -1186,6 +1237,45 @@
     <message>
         <source>Add swatch</source>
         <translation>Farbfeld hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>WhitePointPicker</name>
+    <message>
+        <source>White point on the chromaticity diagram</source>
+        <translation>Weißpunkt in der Farbtafel</translation>
+    </message>
+    <message>
+        <source>Towards magenta below 0, towards green above</source>
+        <translation>Unter 0 gegen Magenta, darüber gegen Grün</translation>
+    </message>
+    <message>
+        <source>Whole diagram</source>
+        <translation>Ganze Farbtafel</translation>
+    </message>
+    <message>
+        <source>&amp;Colour temperature</source>
+        <translation>&amp;Farbtemperatur</translation>
+    </message>
+    <message>
+        <source>&amp;Tint</source>
+        <translation>Farb&amp;stich</translation>
+    </message>
+    <message>
+        <source>&amp;Intensity</source>
+        <translation>&amp;Intensität</translation>
+    </message>
+    <message>
+        <source>%1 has no gamut.</source>
+        <translation>%1 hat keinen Farbraum.</translation>
+    </message>
+    <message>
+        <source>Inside the gamut of %1.</source>
+        <translation>Innerhalb des Farbraums von %1.</translation>
+    </message>
+    <message>
+        <source>Outside the gamut of %1, by %2 u&apos;v&apos;; nearest is %3.</source>
+        <translation>Außerhalb des Farbraums von %1, um %2 u&apos;v&apos;; am nächsten liegt %3.</translation>
     </message>
 </context>
 <context>
