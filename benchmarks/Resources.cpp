@@ -51,7 +51,9 @@ void solveEverywhere(ColorUtils::TonematchProfileID profile)
 void sendMatched(ColorUtils::TonematchProfileID profile, int onboardCurve, int resolution)
 {
     const LXColor color = LXColor::fromxyY(0.32, 0.33, 0.5, ColorUtils::ProfileGenericRGB);
-    ColorUtils::updateBuffer(0, onboardCurve, color, false, 3, resolution, ColorUtils::IOModeRGB, profile);
+    // Often enough that a table of the inverse is worth while.
+    for (int i = 0; i < 1000; ++i)
+        ColorUtils::updateBuffer(0, onboardCurve, color, false, 3, resolution, ColorUtils::IOModeRGB, profile);
 }
 
 void readWhitePoint()

@@ -38,8 +38,8 @@ public:
         : m_isInverse(mode == kOnboardCompensation)
         , m_resolution(resolution == 2 ? 2 : 1)
         , m_software(m_isInverse ? nullptr : CurveFactory::Instance()->getCurve(curveType))
-        , m_inverse8(m_isInverse && m_resolution == 1 ? lxcolor::onboardTable8(curveType) : nullptr)
-        , m_inverse16(m_isInverse && m_resolution == 2 ? lxcolor::onboardTable16(curveType) : nullptr)
+        , m_inverse8(m_isInverse && m_resolution == 1 ? lxcolor::onboardInverse8(curveType) : nullptr)
+        , m_inverse16(m_isInverse && m_resolution == 2 ? lxcolor::onboardInverse16(curveType) : nullptr)
         , m_givesNothing(!m_isInverse && resolution != 1 && resolution != 2)
     {
     }
@@ -48,7 +48,7 @@ public:
     {
         if (m_isInverse) {
             const quint16 light = lxcolor::roundTo16(level);
-            return m_inverse16 ? m_inverse16[light] : light;
+            return m_inverse16 ? (*m_inverse16)(light) : light;
         }
         quint16 value = 0;
         m_software->applyCurve(lxcolor::truncateTo16(level), &value);
@@ -76,7 +76,7 @@ private:
     {
         if (m_isInverse) {
             const quint16 light = lxcolor::roundTo16(level);
-            return m_inverse8 ? m_inverse8[light] : lxcolor::linearDrive8(light);
+            return m_inverse8 ? (*m_inverse8)(light) : lxcolor::linearDrive8(light);
         }
         quint8 value = 0;
         m_software->applyCurve(lxcolor::roundTo8(level), &value);
@@ -86,8 +86,8 @@ private:
     bool m_isInverse;
     int m_resolution;
     Curve* m_software;
-    const quint8* m_inverse8;
-    const quint16* m_inverse16;
+    lxcolor::OnboardInverse<quint8>* m_inverse8;
+    lxcolor::OnboardInverse<quint16>* m_inverse16;
     bool m_givesNothing;
 };
 

@@ -41,16 +41,14 @@ float tungstenDrive(quint16 light, const QuadraticModel& low, const QuadraticMod
     return (light <= kTungstenLowMax ? low : high).driveFor(light, maxDrive);
 }
 
-/// The drive level of every light value, worked out when the first is asked for. It lives as long as the process.
-template <typename Drive>
-const Drive* tabulated(float (*driveFor)(quint16))
-{
-    constexpr int kLightValues = 65536;
-    auto* table = new Drive[kLightValues];
-    for (int light = 0; light < kLightValues; ++light)
-        table[light] = static_cast<Drive>(driveFor(static_cast<quint16>(light)));
-    return table;
-}
+OnboardInverse<quint8> s_normal8([](quint16 light) { return light == 0 ? 0.0F : kNormal8.driveFor(light, kMax8); });
+OnboardInverse<quint16> s_normal16([](quint16 light) { return light == 0 ? 0.0F : kNormal16.driveFor(light, kMax16); });
+OnboardInverse<quint8> s_tungsten8([](quint16 light) {
+    return tungstenDrive(light, kTungstenLow8, kTungsten8, kMax8);
+});
+OnboardInverse<quint16> s_tungsten16([](quint16 light) {
+    return tungstenDrive(light, kTungstenLow16, kTungsten16, kMax16);
+});
 
 } // namespace
 
@@ -71,43 +69,23 @@ float solveQuadratic(float a, float b, float c, float target, float max)
 
 quint8 linearDrive8(quint16 light) { return static_cast<quint8>(std::floor(light / 257.0 + 0.5)); }
 
-const quint8* onboardTable8(int curveType)
+OnboardInverse<quint8>* onboardInverse8(int curveType)
 {
-    if (curveType == kCurveNormal) {
-        static const auto* const table =
-            tabulated<quint8>([](quint16 value) { return value == 0 ? 0.0F : kNormal8.driveFor(value, kMax8); });
-        return table;
-    }
-    if (curveType == kCurveTungsten) {
-        static const auto* const table =
-            tabulated<quint8>([](quint16 value) { return tungstenDrive(value, kTungstenLow8, kTungsten8, kMax8); });
-        return table;
-    }
-    return nullptr;
+    return curveType == kCurveNormal ? &s_normal8 : curveType == kCurveTungsten ? &s_tungsten8 : nullptr;
 }
 
-const quint16* onboardTable16(int curveType)
+OnboardInverse<quint16>* onboardInverse16(int curveType)
 {
-    if (curveType == kCurveNormal) {
-        static const auto* const table =
-            tabulated<quint16>([](quint16 value) { return value == 0 ? 0.0F : kNormal16.driveFor(value, kMax16); });
-        return table;
-    }
-    if (curveType == kCurveTungsten) {
-        static const auto* const table =
-            tabulated<quint16>([](quint16 value) { return tungstenDrive(value, kTungstenLow16, kTungsten16, kMax16); });
-        return table;
-    }
-    return nullptr;
+    return curveType == kCurveNormal ? &s_normal16 : curveType == kCurveTungsten ? &s_tungsten16 : nullptr;
 }
 
-quint8 normalDrive8(quint16 light) { return onboardTable8(kCurveNormal)[light]; }
+quint8 normalDrive8(quint16 light) { return s_normal8(light); }
 
-quint16 normalDrive16(quint16 light) { return onboardTable16(kCurveNormal)[light]; }
+quint16 normalDrive16(quint16 light) { return s_normal16(light); }
 
-quint8 tungstenDrive8(quint16 light) { return onboardTable8(kCurveTungsten)[light]; }
+quint8 tungstenDrive8(quint16 light) { return s_tungsten8(light); }
 
-quint16 tungstenDrive16(quint16 light) { return onboardTable16(kCurveTungsten)[light]; }
+quint16 tungstenDrive16(quint16 light) { return s_tungsten16(light); }
 
 quint8 truncatedNormalDrive8(quint16 light)
 {
