@@ -1,6 +1,8 @@
 #ifndef TESTS_SUPPORT_H
 #define TESTS_SUPPORT_H
 
+#include "Rows.h"
+
 #include <QStringList>
 #include <QVector>
 #include <QtTest>

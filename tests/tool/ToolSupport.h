@@ -1,6 +1,8 @@
 #ifndef TOOLSUPPORT_H
 #define TOOLSUPPORT_H
 
+#include "Rows.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -45,6 +47,14 @@ inline QStringList words(const char* text) { return QString::fromUtf8(text).spli
 
 /// Checks that a run did its work and complained about nothing. For use with QVERIFY2(ok(outcome), outcome.err).
 inline bool ok(const Outcome& outcome) { return outcome.status == 0 && outcome.err.isEmpty(); }
+
+/// The outcome of a run that has to do its work and to complain about nothing.
+inline Outcome succeed(const QStringList& arguments, const QByteArray& input = QByteArray())
+{
+    const Outcome outcome = run(arguments, input);
+    [&] { QVERIFY2(ok(outcome), qPrintable(outcome.err)); }();
+    return outcome;
+}
 
 /// Checks the form of a refusal: status 2, nothing printed, one line on standard error that holds all of \a contains.
 inline void verifyRefused(const Outcome& outcome, const QStringList& contains)
