@@ -69,270 +69,204 @@ class TestMatching : public QuietTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void tristimulusToChromaticity();
-    void responses();
-    void lightOfColours();
-    void segments();
-    void gamut();
-    void knownSolutions_data();
-    void knownSolutions();
-    void levelsGiveTheChromaticity_data();
-    void levelsGiveTheChromaticity();
-    void levelsOnTheLineWithoutZ();
-    void matchedColoursLookAlike();
-    void degenerateInput();
-};
-
-void TestMatching::tristimulusToChromaticity()
-{
-    const auto convert = [](double X, double Y, double Z) {
-        const double XYZ[] = {X, Y, Z};
+    void worksOnPaper()
+    {
+        const double XYZ[] = {0.2, 0.5, 0.1};
         Levels light(3, -7.0);
         CU::convertXYZtoYxy(XYZ, light.data());
-        return light;
-    };
-    COMPARE_NEAR(convert(0.2, 0.5, 0.1), Levels({0.5, 0.25, 0.625}), 1e-15);
-    for (const Levels& none : {Levels{0, 0, 0}, Levels{-1, -2, 0}, Levels{qQNaN(), -1, 0}})
-        QCOMPARE(convert(none[0], none[1], none[2]), Levels({0, 0, 0}));
-    QCOMPARE(convert(1, -1, 0), Levels({1, 0, 0})); // no chromaticity, but a brightness
-}
-
-void TestMatching::responses()
-{
-    const struct
-    {
-        ushort level;
-        double square, tungsten;
-    } samples[] = {{0, 0, 0},
-                   {1000, 0.00122, 0},
-                   {16384, 0.0749, 0.0182},
-                   {32768, 0.2665, 0.1847},
-                   {49152, 0.5749, 0.5053},
-                   {60000, 0.8394, 0.8104}};
-    for (const auto& sample : samples) {
-        const double square = CU::dmx16ToSquareLawDimRatio(sample.level);
-        const double tungsten = CU::dmx16ToTungstenDimRatio(sample.level);
-        QVERIFY2(std::abs(square - sample.square) < 1e-2 && std::abs(tungsten - sample.tungsten) < 6e-5,
-                 qPrintable(QString("%1: %2, %3").arg(sample.level).arg(square).arg(tungsten)));
-    }
-    QCOMPARE(CU::dmx16ToSquareLawDimRatio(65535), 1.0);
-    QCOMPARE(CU::dmx16ToTungstenDimRatio(65535), 1.0);
-    QCOMPARE(CU::dmx16ToTungstenDimRatio(11083), 0.0);
-    QVERIFY(CU::dmx16ToTungstenDimRatio(11084) > 0.0);
-    for (int level = 1; level <= 65535; ++level) {
-        QVERIFY(CU::dmx16ToSquareLawDimRatio(ushort(level)) >= CU::dmx16ToSquareLawDimRatio(ushort(level - 1)));
-        QVERIFY(CU::dmx16ToTungstenDimRatio(ushort(level)) >= CU::dmx16ToTungstenDimRatio(ushort(level - 1)));
-    }
-}
-
-void TestMatching::lightOfColours()
-{
-    const LXColor white = LXColor::fromRgb8(255, 255, 255, 0, CU::ProfileFlareFlashQVS);
-    const QPointF rgbSum = mixed(1, {1, 1, 1, 0, 0});
-    for (int curve : {-1, 0, 1, 2, 7}) {
-        COMPARE_NEAR(lightOf(white, emittersOf(1), curve), Levels({1.0, rgbSum.x(), rgbSum.y()}), 1e-15);
-        QCOMPARE(lightOf(Qt::black, emittersOf(1), curve), Levels({0, 0, 0}));
-    }
-    // The tungsten curve gives no light below its dead band; the colour is still not black.
-    const LXColor dim = LXColor::fromRgbF(0.15, 0.1, 0.05, 1, CU::ProfileGenericRGB);
-    QCOMPARE(lightOf(dim, emittersOf(0), 2), Levels({0, 0, 0}));
-    QCOMPARE(lightOf(dim, emittersOf(0), 7), lightOf(dim, emittersOf(0), 0));
-    // Four emitters mix; the alpha never enters.
-    const Levels four = lightOf(LXColor::fromNChannelF({0.1, 0, 0, 0.5, 1}, CU::ConfigRGBW, idOf(6)), emittersOf(6), 0);
-    const QPointF blueAndWhite = mixed(6, {0, 0, 0.5, 1});
-    COMPARE_NEAR(four, Levels({1.0, blueAndWhite.x(), blueAndWhite.y()}), 1e-9);
-    // What has no levels, or no emitters, has no chromaticity.
-    for (const LXColor& color : {LXColor(), LXColor(0.3, 0.3)})
-        QCOMPARE(lightOf(color, emittersOf(0), 0), Levels({0, 0, 0}));
-    QCOMPARE(lightOf(white, nullptr, 0).mid(1), Levels({0, 0}));
-    const LXColor extra = LXColor::fromNChannelF({1, 0.25, 0, 0, 0, 0, 0, 0}, CU::ConfigRGB, CU::ProfileGenericRGB);
-    COMPARE_NEAR(lightOf(extra, emittersOf(0), 0), Levels({0.25, 0.64, 0.33}), 1e-4);
-}
-
-void TestMatching::segments()
-{
-    const struct
-    {
-        QPointF v, w, p, nearest;
-    } cases[] = {{{0, 0}, {2, 0}, {1, 3}, {1, 0}},
-                 {{0, 0}, {2, 0}, {-3, 4}, {0, 0}},
-                 {{0, 0}, {2, 0}, {5, -4}, {2, 0}},
-                 {{1, 1}, {1, 1}, {4, 5}, {1, 1}}};
-    for (const auto& c : cases) {
+        COMPARE_NEAR(light, Levels({0.5, 0.25, 0.625}), 1e-15);
         QPointF nearest;
-        QCOMPARE(CU::minDistance(c.v, c.w, c.p, nearest), ::distance(c.p, c.nearest));
-        QCOMPARE(nearest, c.nearest);
+        QCOMPARE(CU::minDistance({0, 0}, {2, 0}, {5, -4}, nearest), 5.0);
+        QCOMPARE(nearest, QPointF(2, 0));
+        QCOMPARE(::length_squared({1, 2}, {4, 6}), 25.0);
+        QCOMPARE(::distance({1, 2}, {4, 6}), 5.0);
+        QCOMPARE(::dot({1, 2}, {3, -4}), -5.0);
     }
-    QCOMPARE(::length_squared({1, 2}, {4, 6}), 25.0);
-    QCOMPARE(::distance({1, 2}, {4, 6}), 5.0);
-    QCOMPARE(::dot({1, 2}, {3, -4}), -5.0);
-}
 
-void TestMatching::gamut()
-{
-    const QPointF srgb[] = {{0.64, 0.33}, {0.30, 0.60}, {0.15, 0.06}};
-    for (int profile = 0; profile < 10; ++profile) {
-        Tristimulus* t = emittersOf(profile);
-        QPointF corners[3];
+    void responses()
+    {
+        const struct
+        {
+            ushort level;
+            double square, tungsten;
+        } samples[] = {{0, 0, 0}, {16384, 0.0749, 0.0182}, {32768, 0.2665, 0.1847}, {60000, 0.8394, 0.8104}};
+        for (const auto& sample : samples) {
+            const double square = CU::dmx16ToSquareLawDimRatio(sample.level);
+            const double tungsten = CU::dmx16ToTungstenDimRatio(sample.level);
+            QVERIFY2(std::abs(square - sample.square) < 1e-2 && std::abs(tungsten - sample.tungsten) < 6e-5,
+                     qPrintable(QString("%1: %2, %3").arg(sample.level).arg(square).arg(tungsten)));
+        }
+        QCOMPARE(CU::dmx16ToSquareLawDimRatio(65535), 1.0);
+        QCOMPARE(CU::dmx16ToTungstenDimRatio(65535), 1.0);
+        QCOMPARE(CU::dmx16ToTungstenDimRatio(11083), 0.0);
+        QVERIFY(CU::dmx16ToTungstenDimRatio(11084) > 0.0);
+    }
+
+    void lightOfColours()
+    {
+        const LXColor white = LXColor::fromRgb8(255, 255, 255, 0, CU::ProfileFlareFlashQVS);
+        const QPointF rgbSum = mixed(1, {1, 1, 1, 0, 0});
+        for (int curve : {-1, 0, 1, 2, 7}) {
+            COMPARE_NEAR(lightOf(white, emittersOf(1), curve), Levels({1.0, rgbSum.x(), rgbSum.y()}), 1e-15);
+            QCOMPARE(lightOf(Qt::black, emittersOf(1), curve), Levels({0, 0, 0}));
+        }
+        // The tungsten curve gives no light below its dead band; the colour is still not black.
+        const LXColor dim = LXColor::fromRgbF(0.15, 0.1, 0.05, 1, CU::ProfileGenericRGB);
+        QCOMPARE(lightOf(dim, emittersOf(0), 2), Levels({0, 0, 0}));
+        QCOMPARE(lightOf(dim, emittersOf(0), 7), lightOf(dim, emittersOf(0), 0));
+        // Four emitters mix; the alpha never enters.
+        const Levels four =
+            lightOf(LXColor::fromNChannelF({0.1, 0, 0, 0.5, 1}, CU::ConfigRGBW, idOf(6)), emittersOf(6), 0);
+        const QPointF blueAndWhite = mixed(6, {0, 0, 0.5, 1});
+        COMPARE_NEAR(four, Levels({1.0, blueAndWhite.x(), blueAndWhite.y()}), 1e-9);
+        // What has no levels, or no emitters, has no chromaticity.
+        for (const LXColor& color : {LXColor(), LXColor(0.3, 0.3)})
+            QCOMPARE(lightOf(color, emittersOf(0), 0), Levels({0, 0, 0}));
+        QCOMPARE(lightOf(white, nullptr, 0).mid(1), Levels({0, 0}));
+        const LXColor extra = LXColor::fromNChannelF({1, 0.25, 0, 0, 0, 0, 0, 0}, CU::ConfigRGB, CU::ProfileGenericRGB);
+        COMPARE_NEAR(lightOf(extra, emittersOf(0), 0), Levels({0.25, 0.64, 0.33}), 1e-4);
+    }
+
+    void gamut()
+    {
+        const QPointF srgb[] = {{0.64, 0.33}, {0.30, 0.60}, {0.15, 0.06}};
         double x = 0, y = 0;
         for (int i = 0; i < 3; ++i) {
-            corners[i] = mixed(profile, {i == 0 ? 1.0 : 0, i == 1 ? 1.0 : 0, i == 2 ? 1.0 : 0});
-            t->closestPtOnGamut(corners[i].x(), corners[i].y(), x, y);
-            QCOMPARE(QPointF(x, y), corners[i]);
+            const QPointF corner = mixed(0, {i == 0 ? 1.0 : 0, i == 1 ? 1.0 : 0, i == 2 ? 1.0 : 0});
+            QVERIFY(::distance(corner, srgb[i]) < 1e-6);
             // Beyond a corner, away from the middle, the corner is the nearest point.
-            const QPointF beyond = corners[i] + 0.02 * (2 * corners[i] - corners[(i + 1) % 3] - corners[(i + 2) % 3]);
-            QVERIFY(!t->closestPtOnGamut(beyond.x(), beyond.y(), x, y));
-            QVERIFY(!t->inside(beyond.x(), beyond.y()));
+            const QPointF beyond = corner + 0.02 * (2 * srgb[i] - srgb[(i + 1) % 3] - srgb[(i + 2) % 3]);
+            QVERIFY(!emittersOf(0)->inside(beyond.x(), beyond.y()));
+            QVERIFY(!emittersOf(0)->closestPtOnGamut(beyond.x(), beyond.y(), x, y));
+            QCOMPARE(QPointF(x, y), corner);
         }
-        const QPointF middle = (corners[0] + corners[1] + corners[2]) / 3;
-        QVERIFY(t->inside(middle.x(), middle.y()));
-        QVERIFY(t->closestPtOnGamut(middle.x(), middle.y(), x, y));
-        QCOMPARE(QPointF(x, y), middle);
-        if (profile == 0) {
-            for (int i = 0; i < 3; ++i)
-                QVERIFY(::distance(corners[i], srgb[i]) < 1e-6);
+        QVERIFY(emittersOf(0)->inside(0.3, 0.3) && emittersOf(0)->closestPtOnGamut(0.3, 0.3, x, y));
+        QCOMPARE(QPointF(x, y), QPointF(0.3, 0.3));
+        // The amber of this fixture lies just outside its red-green edge.
+        const QPointF amber = mixed(1, {0, 0, 0, 1, 0});
+        QVERIFY(!emittersOf(1)->closestPtOnGamut(amber.x(), amber.y(), x, y));
+        QVERIFY(::distance(amber, {x, y}) < 0.01);
+
+        Tristimulus empty(CU::ProfileGenericRGB);
+        x = 7;
+        QVERIFY(!empty.inside(0.3, 0.3) && !empty.closestPtOnGamut(0.3, 0.3, x, y));
+        QCOMPARE(x, 7.0);
+        empty.calculatePolygon(); // no emitters at all
+        QVERIFY(!empty.inside(0.3, 0.3));
+    }
+
+    void knownSolutions_data()
+    {
+        const Rows<int, QPointF, double, Levels> rows;
+        for (int profile : {0, 7}) {
+            const auto row = [&](const char* name, const Levels& mix, double Y, const Levels& expected) {
+                rows(name + (", profile " + QByteArray::number(profile)), profile, mixed(profile, mix), Y, expected);
+            };
+            row("red alone", {1, 0, 0}, 1, {1, 0, 0});
+            row("green alone", {0, 1, 0}, 1, {0, 1, 0});
+            row("blue alone", {0, 0, 1}, 0.25, {0, 0, 0.25});
+            row("white", {1, 1, 1}, 1, {1, 1, 1});
+            row("half white", {1, 1, 1}, 0.5, {0.5, 0.5, 0.5});
+            row("a mix", {0.5, 0.2, 0.9}, 0.8, {0.8 * 0.5 / 0.9, 0.8 * 0.2 / 0.9, 0.8});
+            row("no intensity", {0.5, 0.2, 0.9}, 0, {0, 0, 0});
+            row("above full", {1, 1, 1}, 2, {2, 2, 2});
         }
-        // Just outside the middle of the red-green edge: its foot on the edge.
-        const QPointF edge = corners[1] - corners[0];
-        const QPointF foot = (corners[0] + corners[1]) / 2;
-        const QPointF outside =
-            foot + QPointF(-edge.y(), edge.x()) *
-                       (QPointF::dotProduct(QPointF(-edge.y(), edge.x()), middle - foot) > 0 ? -0.01 : 0.01);
-        QVERIFY(!t->closestPtOnGamut(outside.x(), outside.y(), x, y));
-        QVERIFY(::distance(QPointF(x, y), foot) < 1e-12);
+        rows("a single channel is never solved", 4, QPointF(0.3, 0.3), 1.0, Levels{0});
     }
-    // The amber of this fixture lies just outside its red-green edge.
-    const QPointF amber = mixed(1, {0, 0, 0, 1, 0});
-    double x = 0, y = 0;
-    QVERIFY(!emittersOf(1)->closestPtOnGamut(amber.x(), amber.y(), x, y));
-    QVERIFY(::distance(amber, {x, y}) < 0.01);
-
-    Tristimulus empty(CU::ProfileGenericRGB);
-    x = 7;
-    QVERIFY(!empty.inside(0.3, 0.3) && !empty.closestPtOnGamut(0.3, 0.3, x, y));
-    QCOMPARE(x, 7.0);
-    empty.calculatePolygon(); // no emitters at all
-    QVERIFY(!empty.inside(0.3, 0.3));
-}
-
-void TestMatching::knownSolutions_data()
-{
-    QTest::addColumn<int>("profile");
-    QTest::addColumn<QPointF>("xy");
-    QTest::addColumn<double>("Y");
-    QTest::addColumn<Levels>("expected");
-    for (int profile : {0, 7}) {
-        const auto row = [=](const char* name, const Levels& mix, double Y, const Levels& expected) {
-            QTest::addRow("%s, profile %d", name, profile) << profile << mixed(profile, mix) << Y << expected;
-        };
-        row("red alone", {1, 0, 0}, 1, {1, 0, 0});
-        row("green alone", {0, 1, 0}, 1, {0, 1, 0});
-        row("blue alone", {0, 0, 1}, 0.25, {0, 0, 0.25});
-        row("white", {1, 1, 1}, 1, {1, 1, 1});
-        row("half white", {1, 1, 1}, 0.5, {0.5, 0.5, 0.5});
-        row("a mix", {0.5, 0.2, 0.9}, 0.8, {0.8 * 0.5 / 0.9, 0.8 * 0.2 / 0.9, 0.8});
-        row("no intensity", {0.5, 0.2, 0.9}, 0, {0, 0, 0});
-        row("above full", {1, 1, 1}, 2, {2, 2, 2});
+    void knownSolutions()
+    {
+        const auto [profile, xy, Y, expected] = fetched<int, QPointF, double, Levels>();
+        const Levels levels = solved(profile, Y, xy);
+        COMPARE_NEAR(levels, expected, 2e-7);
     }
-    QTest::newRow("a single channel is never solved") << 4 << QPointF(0.3, 0.3) << 1.0 << Levels{0};
-}
 
-void TestMatching::knownSolutions()
-{
-    QFETCH(int, profile);
-    QFETCH(QPointF, xy);
-    QFETCH(double, Y);
-    QFETCH(Levels, expected);
-    const Levels levels = solved(profile, Y, xy);
-    COMPARE_NEAR(levels, expected, 2e-7);
-}
-
-void TestMatching::levelsGiveTheChromaticity_data()
-{
-    QTest::addColumn<int>("profile");
-    for (int profile : {0, 1, 2, 3, 5, 6, 7, 8, 9})
-        QTest::addRow("profile %d", profile) << profile;
-}
-
-// Driven with the solved levels, the emitters give what was asked for, or the nearest point of the gamut, at full
-// output.
-void TestMatching::levelsGiveTheChromaticity()
-{
-    QFETCH(int, profile);
-    Dice dice(static_cast<quint64>(profile));
-    for (int i = 0; i < 3000; ++i) {
-        const QPointF asked(0.8 * dice.uniform(), 0.85 * dice.uniform());
-        double x = 0, y = 0;
-        emittersOf(profile)->closestPtOnGamut(asked.x(), asked.y(), x, y);
-        if (1 - x - y < 1e-12)
-            continue; // see levelsOnTheLineWithoutZ()
-        const Levels levels = solved(profile, 1.0, asked);
-        const QString story =
-            QString("asked %1 %2, nearest %3 %4, levels ").arg(asked.x()).arg(asked.y()).arg(x).arg(y) +
-            printed(levels);
-        QVERIFY2(*std::max_element(levels.begin(), levels.end()) == 1.0, qPrintable(story));
-        QVERIFY2(*std::min_element(levels.begin(), levels.end()) >= 0.0, qPrintable(story));
-        QVERIFY2(::distance(mixed(profile, levels), {x, y}) < 1e-4, qPrintable(story));
-        if (!emittersOf(profile)->inside(asked.x(), asked.y()) && ::distance(asked, {x, y}) > 0.05)
-            QVERIFY2(solved(profile, 1.0, asked, false).count(0.0) == levels.size(), qPrintable(story));
+    void levelsGiveTheChromaticity_data()
+    {
+        QTest::addColumn<int>("profile");
+        for (int profile : {0, 1, 2, 3, 5, 6, 7, 8, 9})
+            QTest::addRow("profile %d", profile) << profile;
     }
-}
-
-// The red emitter of these fixtures gives no Z. At its very corner of the gamut y/z is not finite and no mix is found,
-// so a request beyond that corner is dark; a hair inside, red is full.
-void TestMatching::levelsOnTheLineWithoutZ()
-{
-    for (int profile : {1, 3}) {
-        const QPointF red = mixed(profile, {1});
-        const Levels dark(CU::configChannelCount(kLayouts[profile]), 0.0);
-        QCOMPARE(solved(profile, 1.0, red + QPointF(0.1, 0)), dark);
-        QCOMPARE(solved(profile, 1.0, red - QPointF(1e-6, 0))[0], 1.0);
+    // Driven with the solved levels, the emitters give what was asked for, or the nearest point of the gamut, at full
+    // output.
+    void levelsGiveTheChromaticity()
+    {
+        QFETCH(int, profile);
+        Dice dice(static_cast<quint64>(profile));
+        for (int i = 0; i < 3000; ++i) {
+            const QPointF asked(0.8 * dice.uniform(), 0.85 * dice.uniform());
+            double x = 0, y = 0;
+            emittersOf(profile)->closestPtOnGamut(asked.x(), asked.y(), x, y);
+            if (1 - x - y < 1e-12)
+                continue; // see levelsOnTheLineWithoutZ()
+            const Levels levels = solved(profile, 1.0, asked);
+            const QString story =
+                QString("asked %1 %2, nearest %3 %4, levels ").arg(asked.x()).arg(asked.y()).arg(x).arg(y) +
+                printed(levels);
+            QVERIFY2(*std::max_element(levels.begin(), levels.end()) == 1.0, qPrintable(story));
+            QVERIFY2(*std::min_element(levels.begin(), levels.end()) >= 0.0, qPrintable(story));
+            QVERIFY2(::distance(mixed(profile, levels), {x, y}) < 1e-4, qPrintable(story));
+            if (!emittersOf(profile)->inside(asked.x(), asked.y()) && ::distance(asked, {x, y}) > 0.05)
+                QVERIFY2(solved(profile, 1.0, asked, false).count(0.0) == levels.size(), qPrintable(story));
+        }
     }
-}
 
-// A colour made for one fixture and converted for another keeps its light, through both onboard curves.
-void TestMatching::matchedColoursLookAlike()
-{
-    Dice dice(11);
-    for (int i = 0; i < 2000; ++i) {
-        const int from = dice.pick({0, 5, 6, 7, 8, 9});
-        const int to = dice.pick({1, 2, 5, 6, 8, 9});
-        const LXColor color = LXColor::fromRgbF(0.4 + 0.6 * dice.uniform(), 0.4 + 0.6 * dice.uniform(),
-                                                0.4 + 0.6 * dice.uniform(), 1, idOf(from));
-        const LXColor light = color.toYxy(CU::ConfigUnknown, CU::ProfileNone, -1);
-        if (!emittersOf(to)->inside(light.getx(), light.gety()))
-            continue;
-        const LXColor back =
-            color.toNChannel16(kLayouts[to], idOf(to), -1).toYxy(CU::ConfigUnknown, CU::ProfileNone, -1);
-        const QString story = color.aName() + " to " + QString::number(to) + ": " + light.aName() + ' ' + back.aName();
-        QVERIFY2(::distance({light.getx(), light.gety()}, {back.getx(), back.gety()}) < 0.003, qPrintable(story));
-        QVERIFY2(std::abs(light.getY() - back.getY()) < 0.005, qPrintable(story));
+    // The red emitter of these fixtures gives no Z. At its very corner of the gamut y/z is not finite and no mix is
+    // found, so a request beyond that corner is dark; a hair inside, red is full.
+    void levelsOnTheLineWithoutZ()
+    {
+        for (int profile : {1, 3}) {
+            const QPointF red = mixed(profile, {1});
+            const Levels dark(CU::configChannelCount(kLayouts[profile]), 0.0);
+            QCOMPARE(solved(profile, 1.0, red + QPointF(0.1, 0)), dark);
+            QCOMPARE(solved(profile, 1.0, red - QPointF(1e-6, 0))[0], 1.0);
+        }
     }
-}
 
-void TestMatching::degenerateInput()
-{
-    Levels untouched(6, -7.0);
-    double light[] = {1, 0.3, 0.3};
-    for (int cc : {-1, 0, 7})
-        CU::convertYxyToNChannel(light, untouched.data(), static_cast<CU::ChannelConfiguration>(cc), idOf(1), true);
-    CU::convertYxyToNChannel(nullptr, untouched.data(), CU::ConfigRGB, idOf(1), true);
-    CU::convertYxyToNChannel(light, nullptr, CU::ConfigRGB, idOf(1), true);
-    QCOMPARE(untouched, Levels(6, -7.0));
-    // A generic fixture laid out with four channels has three emitters: the fourth stays dark.
-    Levels four(4, -7.0);
-    CU::convertYxyToNChannel(light, four.data(), CU::ConfigRGBA, CU::ProfileGenericRGB, true);
-    QCOMPARE(four.mid(0, 3), solved(0, 1.0, {0.3, 0.3}));
-    QCOMPARE(four[3], 0.0);
-    CU::convertYxyToNChannel(light, light, CU::ConfigRGB, CU::ProfileGenericRGB, true); // into its own input
-    QCOMPARE(Levels({light[0], light[1], light[2]}), four.mid(0, 3));
-    QVERIFY(CU::validateDimmingRatio({}) && CU::validateDimmingRatio({0, 1, qQNaN()}));
-    QVERIFY(!CU::validateDimmingRatio({0.5, -5e-324}) && !CU::validateDimmingRatio({std::nextafter(1.0, 2.0)}));
-    const double m[2][3] = {{2, 1, 5}, {1, 3, 10}};
-    double a = 0, b = 0;
-    CU::gaussianEliminationTwoByThree(m, a, b);
-    COMPARE_NEAR(Levels({a, b}), Levels({1, 3}), 1e-6);
-}
+    // A colour made for one fixture and converted for another keeps its light, through both onboard curves.
+    void matchedColoursLookAlike()
+    {
+        Dice dice(11);
+        for (int i = 0; i < 2000; ++i) {
+            const int from = dice.pick({0, 5, 6, 7, 8, 9});
+            const int to = dice.pick({1, 2, 5, 6, 8, 9});
+            const LXColor color = LXColor::fromRgbF(0.4 + 0.6 * dice.uniform(), 0.4 + 0.6 * dice.uniform(),
+                                                    0.4 + 0.6 * dice.uniform(), 1, idOf(from));
+            const LXColor light = color.toYxy(CU::ConfigUnknown, CU::ProfileNone, -1);
+            if (!emittersOf(to)->inside(light.getx(), light.gety()))
+                continue;
+            const LXColor back =
+                color.toNChannel16(kLayouts[to], idOf(to), -1).toYxy(CU::ConfigUnknown, CU::ProfileNone, -1);
+            const QString story =
+                color.aName() + " to " + QString::number(to) + ": " + light.aName() + ' ' + back.aName();
+            QVERIFY2(::distance({light.getx(), light.gety()}, {back.getx(), back.gety()}) < 0.003, qPrintable(story));
+            QVERIFY2(std::abs(light.getY() - back.getY()) < 0.005, qPrintable(story));
+        }
+    }
+
+    void degenerateInput()
+    {
+        Levels untouched(6, -7.0);
+        double light[] = {1, 0.3, 0.3};
+        for (int cc : {-1, 0, 7})
+            CU::convertYxyToNChannel(light, untouched.data(), static_cast<CU::ChannelConfiguration>(cc), idOf(1), true);
+        CU::convertYxyToNChannel(nullptr, untouched.data(), CU::ConfigRGB, idOf(1), true);
+        CU::convertYxyToNChannel(light, nullptr, CU::ConfigRGB, idOf(1), true);
+        QCOMPARE(untouched, Levels(6, -7.0));
+        // A generic fixture laid out with four channels has three emitters: the fourth stays dark.
+        Levels four(4, -7.0);
+        CU::convertYxyToNChannel(light, four.data(), CU::ConfigRGBA, CU::ProfileGenericRGB, true);
+        QCOMPARE(four.mid(0, 3), solved(0, 1.0, {0.3, 0.3}));
+        QCOMPARE(four[3], 0.0);
+        CU::convertYxyToNChannel(light, light, CU::ConfigRGB, CU::ProfileGenericRGB, true); // into its own input
+        QCOMPARE(Levels({light[0], light[1], light[2]}), four.mid(0, 3));
+        QVERIFY(CU::validateDimmingRatio({}) && CU::validateDimmingRatio({0, 1, qQNaN()}));
+        QVERIFY(!CU::validateDimmingRatio({0.5, -5e-324}) && !CU::validateDimmingRatio({std::nextafter(1.0, 2.0)}));
+        const double m[2][3] = {{2, 1, 5}, {1, 3, 10}};
+        double a = 0, b = 0;
+        CU::gaussianEliminationTwoByThree(m, a, b);
+        COMPARE_NEAR(Levels({a, b}), Levels({1, 3}), 1e-6);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestMatching)
 
