@@ -210,16 +210,14 @@ private Q_SLOTS:
     // Links go on leading to the file.
     void links_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<bool>("isThere");
-        QTest::newRow("to the file") << 1 << true;
-        QTest::newRow("to a link to it") << 2 << true;
-        QTest::newRow("to nothing") << 1 << false;
+        const Rows<int, bool> row;
+        row("to the file", 1, true);
+        row("to a link to it", 2, true);
+        row("to nothing", 1, false);
     }
     void links()
     {
-        QFETCH(int, count);
-        QFETCH(bool, isThere);
+        const auto [count, isThere] = fetched<int, bool>();
         const QString target = folder() + "/elsewhere/colors.xml";
         QVERIFY(QDir().mkpath(folder() + "/elsewhere"));
         if (isThere)

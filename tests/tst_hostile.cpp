@@ -4,6 +4,7 @@
 #include "AppSupportFolder_p.h"
 #include "LXColorLibrary.h"
 #include "OrbisProjectHelper.h"
+#include "Rows.h"
 #include "Tristimulus.h"
 #include "TristimulusFactory.h"
 
@@ -188,17 +189,15 @@ class TestHostile : public QObject
 private Q_SLOTS:
     void documents_data()
     {
-        QTest::addColumn<QString>("reader");
-        QTest::addColumn<int>("hostility");
+        const Rows<QString, int> row;
         for (const QByteArray reader : {"user file", "preset", "database"})
             for (int i = 0; i < hostilities().size(); ++i)
                 if (reader != "preset" || hostilities().at(i).count <= Megabyte) // It shares the user file's reader.
-                    QTest::addRow("%s: %s", reader.constData(), hostilities().at(i).name) << QString(reader) << i;
+                    row(reader + ": " + hostilities().at(i).name, reader, i);
     }
     void documents()
     {
-        QFETCH(QString, reader);
-        QFETCH(int, hostility);
+        const auto [reader, hostility] = fetched<QString, int>();
         const Hostility& it = hostilities().at(hostility);
         const bool isDatabase = reader == "database";
         const QTemporaryDir folder;

@@ -83,28 +83,13 @@ private Q_SLOTS:
             " <ColorLibrary name=\"Empty\" isUserLibrary=\"1\"/>\n"
             "</ColorLibraryList>\n";
         QCOMPARE(bytesOf(userFile()), expected);
-
-        // The layout of QDomDocument, whatever the order of its attributes.
-        QDomDocument parsed;
-        QVERIFY(parsed.setContent(expected));
-        const auto sorted = [](QString line) {
-            QStringList words = line.remove(QRegularExpression("/?>$")).split(QRegularExpression("(?= [a-zA-Z]+=)"));
-            words.sort();
-            return words;
-        };
-        const QStringList ours = QString::fromUtf8(expected).split('\n');
-        const QStringList theirs = parsed.toString(1).split('\n');
-        QCOMPARE(ours.size(), theirs.size());
-        for (int line = 0; line < ours.size(); ++line)
-            QCOMPARE(sorted(ours[line]), sorted(theirs[line]));
     }
 
     void anyTextSurvives_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("read");
-        const auto row = [](const char* title, const QString& text, const QString& read = QString()) {
-            QTest::newRow(title) << text << (read.isEmpty() ? text : read);
+        const Rows<QString, QString> rows;
+        const auto row = [&](const char* title, const QString& text, const QString& read = QString()) {
+            rows(title, text, (read.isEmpty() ? text : read));
         };
         row("formats", "%1 %2 %%");
         row("markup", "<a href=\"x\">&amp;</a> ]]> '");
@@ -120,12 +105,11 @@ private Q_SLOTS:
     }
     void anyTextSurvives()
     {
-        QFETCH(QString, text);
-        QFETCH(QString, read);
+        const auto [text, read] = fetched<QString, QString>();
         restart();
         lib()->createColorList(text, true);
         lib()->createColorWithName(rgb(255, 0, 0), text, text, text, text);
-        const QDomDocument project = [&] {
+        const QDomDocument project = [&, text = text] {
             QDomDocument document;
             bool ok = false;
             lib()->createNewSwatchUidFromUid(text, "Project Swatches");
@@ -210,60 +194,54 @@ private Q_SLOTS:
     // Files that cannot be taken over whole are kept before the first save replaces them.
     void filesThatAreKept_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QStringList>("loaded");
-        QTest::addColumn<bool>("isKept");
+        const Rows<QByteArray, QStringList, bool> row;
         const QByteArray two = userListElement(colorElement("a") + colorElement("b"));
         const QStringList both = {"a", "b"};
-        QTest::newRow("sound") << document(two) << both << false;
-        QTest::newRow("with declaration and byte order mark")
-            << "\xef\xbb\xbf<?xml version='1.0' encoding='UTF-8'?><!DOCTYPE x>" + document(two) << both << false;
-        QTest::newRow("empty") << QByteArray("\n") << QStringList() << false;
-        QTest::newRow("cut") << document(two).chopped(30) << QStringList() << true;
-        QTest::newRow("no XML") << QByteArray("\0\1\2rubbish", 10) << QStringList() << true;
-        QTest::newRow("a value that is no colour")
-            << document(userListElement(colorElement("a") + "<Color uid='x' value=''/><Color/>" + colorElement("b")))
-            << both << true;
-        QTest::newRow("a preset list") << document(two + "<ColorLibrary name='P'/>") << both << true;
+        row("sound", document(two), both, false);
+        row("with declaration and byte order mark",
+            "\xef\xbb\xbf<?xml version='1.0' encoding='UTF-8'?><!DOCTYPE x>" + document(two), both, false);
+        row("empty", QByteArray("\n"), QStringList(), false);
+        row("cut", document(two).chopped(30), QStringList(), true);
+        row("no XML", QByteArray("\0\1\2rubbish", 10), QStringList(), true);
+        row("a value that is no colour",
+            document(userListElement(colorElement("a") + "<Color uid='x' value=''/><Color/>" + colorElement("b"))),
+            both, true);
+        row("a preset list", document(two + "<ColorLibrary name='P'/>"), both, true);
         const QByteArray a = colorElement("a"), b = colorElement("b");
-        const auto more = [](const char* title, const QByteArray& content, const QStringList& names) {
-            QTest::newRow(title) << content << names << true;
+        const auto more = [&](const char* title, const QByteArray& content, const QStringList& names) {
+            row(title, content, names, true);
         };
         more("another document", "<html><body/></html>", {});
         more("another document element", "<Show>" + two + "</Show>", both);
         more("a colour below another element", document(userListElement(a + b + "<Group>" + a + "</Group>")), both);
-        QTest::newRow("elements in a namespace")
-            << document(two)
-                   .replace("</", "</c:")
-                   .replace("<Color", "<c:Color")
-                   .insert(QByteArray("<c:ColorLibraryList").size(), " xmlns:c='u'")
-            << both << false;
+        row("elements in a namespace",
+            document(two)
+                .replace("</", "</c:")
+                .replace("<Color", "<c:Color")
+                .insert(QByteArray("<c:ColorLibraryList").size(), " xmlns:c='u'"),
+            both, false);
         more("an attribute of a list", document(QByteArray(two).replace("<ColorLibrary ", "<ColorLibrary note='' ")),
              both);
         more("an attribute of a colour", document(QByteArray(two).replace("<Color ", "<Color note='' ")), both);
         more("a comment", document(two + "<!-- from the old desk -->"), both);
         more("text", document(two + "notes"), both);
-        QTest::newRow("Latin-1") << document(two + "<ColorLibrary name='\xfc' isUserLibrary='1'/>") << both << true;
-        QTest::newRow("control character")
-            << document(two + "<ColorLibrary name='\1' isUserLibrary='1'/>") << both << true;
-        QTest::newRow("deep nesting") << document(two + QByteArray("<a>").repeated(100000) +
-                                                  QByteArray("</a>").repeated(100000))
-                                      << QStringList() << true;
+        row("Latin-1", document(two + "<ColorLibrary name='\xfc' isUserLibrary='1'/>"), both, true);
+        row("control character", document(two + "<ColorLibrary name='\1' isUserLibrary='1'/>"), both, true);
+        row("deep nesting", document(two + QByteArray("<a>").repeated(100000) + QByteArray("</a>").repeated(100000)),
+            QStringList(), true);
         QByteArray attributes = "<x";
         for (int i = 0; i < 100000; ++i)
             attributes += " a" + QByteArray::number(i) + "=''";
-        QTest::newRow("too many attributes") << document(two + attributes + "/>") << QStringList() << true;
+        row("too many attributes", document(two + attributes + "/>"), QStringList(), true);
         QByteArray entities = "<!DOCTYPE x [<!ENTITY e0 'lol'>";
         for (char i = '1'; i <= '9'; ++i)
             entities += QByteArray("<!ENTITY e") + i + " '" +
                         QByteArray("&e").append(char(i - 1)).append(';').repeated(10) + "'>";
-        QTest::newRow("entities") << entities + "]>" + document(userListElement("&e9;")) << QStringList() << true;
+        row("entities", entities + "]>" + document(userListElement("&e9;")), QStringList(), true);
     }
     void filesThatAreKept()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QStringList, loaded);
-        QFETCH(bool, isKept);
+        const auto [content, loaded, isKept] = fetched<QByteArray, QStringList, bool>();
         write(userFile(), content);
         restart();
         for (const QString& text : Messages::takeTexts()) // What the colour value says of texts that are no colour.
@@ -458,18 +436,14 @@ private Q_SLOTS:
 
     void oldPresets_data()
     {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<double>("version");
-        QTest::addColumn<int>("markers");
-        QTest::newRow("old and nameless") << QByteArray() << 0.95 << 12;
-        QTest::newRow("new and nameless") << QByteArray() << 0.96 << 0;
-        QTest::newRow("old with a name") << QByteArray(" name='A'") << 0.95 << 0;
+        const Rows<QByteArray, double, int> row;
+        row("old and nameless", QByteArray(), 0.95, 12);
+        row("new and nameless", QByteArray(), 0.96, 0);
+        row("old with a name", QByteArray(" name='A'"), 0.95, 0);
     }
     void oldPresets()
     {
-        QFETCH(QByteArray, name);
-        QFETCH(double, version);
-        QFETCH(int, markers);
+        const auto [name, version, markers] = fetched<QByteArray, double, int>();
         lib()->init(true, true, true);
         lib()->createColorList("", false); // A nameless list that is there already plays no part.
         lib()->get(Red);

@@ -8,9 +8,12 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 
+#include <functional>
 #include <limits>
 
 using Item = LXColorLibraryItem;
+using Operation = std::function<void()>;
+Q_DECLARE_METATYPE(Operation)
 
 namespace {
 
@@ -86,96 +89,68 @@ private Q_SLOTS:
     // Which signals an operation emits, in which order, and with what.
     void signalOrder_data()
     {
-        QTest::addColumn<QString>("operation");
-        QTest::addColumn<bool>("inBatch");
-        QTest::addColumn<QStringList>("expected");
+        const Rows<Operation, QStringList> row;
         const QString added = "rowsInserted U 1..1";
-        QTest::newRow("create") << "create" << false << QStringList{added, "data U..U", "added U"};
-        QTest::newRow("create, batch") << "create" << true << QStringList{added, "added U"};
-        QTest::newRow("create with name")
-            << "named" << false << QStringList{added,           "data U..U",     "added U",      "data New..New",
-                                               "data New..New", "data New..New", "data New..New"};
-        QTest::newRow("create with name, batch") << "named" << true << QStringList{added, "added U"};
-        QTest::newRow("create in a new list")
-            << "new list" << false
-            << QStringList{"rowsInserted root 3..3", "data root..root", "data N..N", "data root..N",
-                           "rowsInserted N 0..0",    "data N..N",       "added N"};
-        QTest::newRow("rename") << "rename" << false << QStringList{"data Other..Other", "data Other..Other"};
-        QTest::newRow("rename to a taken name") << "rename taken" << false << QStringList{"data One..One"};
-        QTest::newRow("set") << "set" << false << QStringList{"data One..One"};
-        QTest::newRow("set an unknown uid") << "set unknown" << false << QStringList{};
-        QTest::newRow("remove") << "remove" << false
-                                << QStringList{"rowsRemoved U 0..0", "data U..U", "data root..root"};
-        QTest::newRow("remove an unknown uid") << "remove unknown" << false << QStringList{};
-        QTest::newRow("rename a user list") << "rename list" << false << QStringList{"renamed U to V", "data V..V"};
-        QTest::newRow("rename the project list") << "rename project" << false << QStringList{"data P..P"};
-        QTest::newRow("remove a user list")
-            << "remove list" << true
-            << QStringList{"rowsRemoved root 2..2", "data root..root", "lists Project Swatches"};
-        QTest::newRow("remove a fixed list")
-            << "remove fixed" << false << QStringList{"rowsRemoved root 0..0", "data root..root"};
-        QTest::newRow("explicit colour") << "explicit" << false << QStringList{};
-        QTest::newRow("changed") << "changed" << false << QStringList{"changed U", "changed anything"};
-        QTest::newRow("list before the user file is loaded")
-            << "user list" << false
-            << QStringList{"rowsInserted root 3..3", "data root..root", "data U 2..U 2", "data root..U 2",
-                           "data U 2..U 2"};
-        QTest::newRow("list after the user file is loaded")
-            << "user list, loaded" << false
-            << QStringList{"rowsInserted root 3..3", "data root..root", "data U 2..U 2",
-                           "data root..U 2",         "data U 2..U 2",   "lists Project Swatches U U 2"};
-        QTest::newRow("clean up") << "clean up" << false
-                                  << QStringList{"rowsRemoved root 0..2", "data root..root", "data root..root",
-                                                 "reset"};
+        const LXColor color = rgb(2, 2, 2);
+        const auto batch = [](const Operation& operation) {
+            return [operation] {
+                LXColorLibrary::Instance()->setEditingMultipleColors(true);
+                operation();
+            };
+        };
+        const auto create = [=] { lib()->createColor(color, "", "U", "", ""); };
+        const auto createNamed = [=] { lib()->createColorWithName(color, "New", "", "U", ""); };
+        row("create", create, {added, "data U..U", "added U"});
+        row("create, batch", batch(create), {added, "added U"});
+        row("create with name", createNamed,
+            {added, "data U..U", "added U", "data New..New", "data New..New", "data New..New", "data New..New"});
+        row("create with name, batch", batch(createNamed), {added, "added U"});
+        row("create in a new list", [=] { lib()->createColor(color, "", "N", "", ""); },
+            {"rowsInserted root 3..3", "data root..root", "data N..N", "data root..N", "rowsInserted N 0..0",
+             "data N..N", "added N"});
+        row("rename", [=] { QCOMPARE(lib()->rename(Known, "Other", false), QString("Other")); },
+            {"data Other..Other", "data Other..Other"});
+        row("rename to a taken name", [=] { QCOMPARE(lib()->rename(Known, "One", false), QString("One")); },
+            {"data One..One"});
+        row("set", [=] { QVERIFY(lib()->set(Known, color)); }, {"data One..One"});
+        row("set an unknown uid", [=] { QVERIFY(!lib()->set(Unknown, color)); }, {});
+        row("remove", [=] { lib()->remove(Known); }, {"rowsRemoved U 0..0", "data U..U", "data root..root"});
+        row("remove an unknown uid", [=] { lib()->remove(Unknown); }, {});
+        row("rename a user list", [=] { QVERIFY(lib()->setData(list("U"), "V")); }, {"renamed U to V", "data V..V"});
+        row("rename the project list", [=] { QVERIFY(lib()->setData(list("Project Swatches"), "P")); }, {"data P..P"});
+        row("remove a user list", batch([=] { QVERIFY(!lib()->removeRows(2, 1, lib()->rootIndex())); }),
+            {"rowsRemoved root 2..2", "data root..root", "lists Project Swatches"});
+        row("remove a fixed list", [=] { QVERIFY(!lib()->removeRows(0, 1, lib()->rootIndex())); },
+            {"rowsRemoved root 0..0", "data root..root"});
+        row("explicit colour", [=] { lib()->get(Red); }, {});
+        row("changed",
+            [=] {
+                lib()->eventLibraryChanged("U");
+                lib()->eventLibraryChanged("nowhere");
+                lib()->onColorLibraryListChanged("anything");
+            },
+            {"changed U", "changed anything"});
+        const auto createList = [=] { lib()->createColorList("U", true); };
+        row("list before the user file is loaded", createList,
+            {"rowsInserted root 3..3", "data root..root", "data U 2..U 2", "data root..U 2", "data U 2..U 2"});
+        row("list after the user file is loaded",
+            [=] {
+                lib()->loadUserColors(QString());
+                m_log.clear();
+                createList();
+            },
+            {"rowsInserted root 3..3", "data root..root", "data U 2..U 2", "data root..U 2", "data U 2..U 2",
+             "lists Project Swatches U U 2"});
+        row("clean up", [=] { stop(); }, {"rowsRemoved root 0..2", "data root..root", "data root..root", "reset"});
     }
     void signalOrder()
     {
-        QFETCH(QString, operation);
+        const auto [operation, expected] = fetched<Operation, QStringList>();
         userList("U");
         lib()->createColorWithName(rgb(1, 1, 1), "One", Known, "U", "V1");
-        if (operation.endsWith("loaded"))
-            lib()->loadUserColors(QString());
         watch();
-        QFETCH(bool, inBatch);
-        lib()->setEditingMultipleColors(inBatch);
-        const LXColor color = rgb(2, 2, 2);
-        if (operation == "create")
-            lib()->createColor(color, "", "U", "", "");
-        else if (operation == "named")
-            lib()->createColorWithName(color, "New", "", "U", "");
-        else if (operation == "new list")
-            lib()->createColor(color, "", "N", "", "");
-        else if (operation == "rename")
-            QCOMPARE(lib()->rename(Known, "Other", false), QString("Other"));
-        else if (operation == "rename taken")
-            QCOMPARE(lib()->rename(Known, "One", false), QString("One"));
-        else if (operation == "set")
-            QVERIFY(lib()->set(Known, color));
-        else if (operation == "set unknown")
-            QVERIFY(!lib()->set(Unknown, color));
-        else if (operation == "remove")
-            lib()->remove(Known);
-        else if (operation == "remove unknown")
-            lib()->remove(Unknown);
-        else if (operation == "rename list")
-            QVERIFY(lib()->setData(list("U"), "V"));
-        else if (operation == "rename project")
-            QVERIFY(lib()->setData(list("Project Swatches"), "P"));
-        else if (operation == "remove list")
-            QVERIFY(!lib()->removeRows(2, 1, lib()->rootIndex()));
-        else if (operation == "remove fixed")
-            QVERIFY(!lib()->removeRows(0, 1, lib()->rootIndex()));
-        else if (operation == "explicit")
-            lib()->get(Red);
-        else if (operation == "changed") {
-            lib()->eventLibraryChanged("U");
-            lib()->eventLibraryChanged("nowhere");
-            lib()->onColorLibraryListChanged("anything");
-        } else if (operation == "clean up")
-            stop();
-        else
-            lib()->createColorList("U", true);
-        QTEST(m_log, "expected");
+        operation();
+        QCOMPARE(m_log, expected);
     }
 
     void rowsOutsideAreRefused()
@@ -311,27 +286,19 @@ private Q_SLOTS:
 
     void references_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("uid");
-        QTest::addColumn<QString>("value");
-        QTest::newRow("uid") << Known << Known << "";
-        QTest::newRow("value") << Red << "" << Red;
-        QTest::newRow("both") << Known + Red << Known << Red;
-        QTest::newRow("first brace counts") << "a}b}c"
-                                            << "a}"
-                                            << "b}c";
-        QTest::newRow("begins with a brace") << "}b"
-                                             << "}"
-                                             << "}b";
-        QTest::newRow("nothing") << ""
-                                 << ""
-                                 << "";
+        const Rows<QString, QString, QString> row;
+        row("uid", Known, Known, "");
+        row("value", Red, "", Red);
+        row("both", Known + Red, Known, Red);
+        row("first brace counts", "a}b}c", "a}", "b}c");
+        row("begins with a brace", "}b", "}", "}b");
+        row("nothing", "", "", "");
     }
     void references()
     {
-        QFETCH(QString, text);
-        QTEST(LXColorLibrary::UidAndValueToUid(text), "uid");
-        QTEST(LXColorLibrary::UidAndValueToValue(text), "value");
+        const auto [text, uid, value] = fetched<QString, QString, QString>();
+        QCOMPARE(LXColorLibrary::UidAndValueToUid(text), uid);
+        QCOMPARE(LXColorLibrary::UidAndValueToValue(text), value);
     }
 
     void namesOfReferences()
@@ -498,22 +465,36 @@ private Q_SLOTS:
     // Whoever is told of a change may take everything away at once, before the operation has come to its end.
     void listenersThatRemoveEverything_data()
     {
-        QTest::addColumn<QString>("signal");
-        QTest::addColumn<bool>("isDeletedAtOnce");
+        const Rows<QString, bool> row;
         for (const char* signal :
              {"rowsInserted", "rowsRemoved", "dataChanged", "listRenamed", "addedColorToList", "listsChanged"}) {
-            QTest::addRow("%s", signal) << signal << false;
-            QTest::addRow("%s, deleted at once", signal) << signal << true;
+            row(signal, signal, false);
+            row(QByteArray(signal) + ", deleted at once", signal, true);
         }
     }
     void listenersThatRemoveEverything()
     {
-        QFETCH(QString, signal);
-        QFETCH(bool, isDeletedAtOnce);
+        const auto [signal, isDeletedAtOnce] = fetched<QString, bool>();
         lib()->loadUserColors(QString());
-        const QString operations[] = {"create",      "new list", "explicit", "rename", "rename list", "set",
-                                      "remove rows", "remove",   "insert",   "list",   "old presets", "copy"};
-        for (const QString& operation : operations) {
+        const LXColor color = rgb(4, 5, 6);
+        const std::pair<const char*, Operation> operations[] = {
+            {"create", [&] { lib()->createColorWithName(color, "New", "", "U", ""); }},
+            {"new list", [&] { lib()->createColorWithName(color, "New", "", "New", ""); }},
+            {"explicit",
+             [&] {
+                 lib()->removeRows(0, 1, lib()->rootIndex());
+                 lib()->get(Red);
+             }},
+            {"rename", [&] { lib()->rename(Known, "Two", true); }},
+            {"rename list", [&] { lib()->setData(list("U"), "W"); }},
+            {"set", [&] { lib()->set(Known, *lib()->getColors("V").first()); }},
+            {"remove rows", [&] { lib()->removeRows(1, 1, list("U")); }},
+            {"remove", [&] { lib()->remove(Known); }},
+            {"insert", [&] { lib()->insertRows(1, 1, list("U")); }},
+            {"list", [&] { lib()->createColorList("W", true); }},
+            {"old presets", [&] { lib()->clearOldPresets(); }},
+            {"copy", [&] { lib()->createNewSwatchUidFromUid(Known, "W"); }}};
+        for (const auto& [name, operation] : operations) {
             userList("U");
             for (const char* list : {"U", "V"})
                 lib()->createColorWithName(rgb(1, 2, 3), "One", Known, list, "");
@@ -522,7 +503,7 @@ private Q_SLOTS:
             lib()->setData(lib()->index(1, 0, list("U")), "old", Item::OldPresetRole);
 
             QObject listener;
-            const auto removeAll = [&] {
+            const auto removeAll = [&, isDeletedAtOnce = isDeletedAtOnce] {
                 QObject::disconnect(lib(), nullptr, &listener, nullptr);
                 lib()->removeRows(0, lib()->rowCount(lib()->rootIndex()), lib()->rootIndex());
                 if (isDeletedAtOnce)
@@ -541,35 +522,10 @@ private Q_SLOTS:
             else
                 connect(lib(), &LXColorLibrary::listsChanged, &listener, removeAll);
 
-            if (operation == "create")
-                lib()->createColorWithName(rgb(4, 5, 6), "New", "", "U", "");
-            else if (operation == "new list")
-                lib()->createColorWithName(rgb(4, 5, 6), "New", "", "New", "");
-            else if (operation == "explicit") {
-                lib()->removeRows(0, 1, lib()->rootIndex());
-                lib()->get(Red);
-            } else if (operation == "rename")
-                lib()->rename(Known, "Two", true);
-            else if (operation == "rename list")
-                lib()->setData(list("U"), "W");
-            else if (operation == "set")
-                lib()->set(Known, *lib()->getColors("V").first());
-            else if (operation == "remove rows")
-                lib()->removeRows(1, 1, list("U"));
-            else if (operation == "remove")
-                lib()->remove(Known);
-            else if (operation == "insert")
-                lib()->insertRows(1, 1, list("U"));
-            else if (operation == "list")
-                lib()->createColorList("W", true);
-            else if (operation == "old presets")
-                lib()->clearOldPresets();
-            else
-                lib()->createNewSwatchUidFromUid(Known, "W");
-
+            operation();
             QObject::disconnect(lib(), nullptr, &listener, nullptr);
             lib()->removeRows(0, lib()->rowCount(lib()->rootIndex()), lib()->rootIndex());
-            QVERIFY2(listNames().isEmpty() && !lib()->containsUid(Known), qPrintable(operation));
+            QVERIFY2(listNames().isEmpty() && !lib()->containsUid(Known), name);
         }
     }
 

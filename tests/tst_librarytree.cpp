@@ -97,23 +97,22 @@ private Q_SLOTS:
 
     void createColorNames_data()
     {
-        QTest::addColumn<QStringList>("existing");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("free") << QStringList{"color"} << "Color";
-        QTest::newRow("a number alone leaves the name free") << QStringList{"Color 2"} << "Color";
-        QTest::newRow("third") << QStringList{"Color 2", "Color"} << "Color 3";
-        QTest::newRow("gap") << QStringList{"Color", "Color 3"} << "Color 2";
-        QTest::newRow("other spellings are other names") << QStringList{"Color", "Color 02", "Color  2"} << "Color 2";
+        const Rows<QStringList, QString> row;
+        row("free", QStringList{"color"}, "Color");
+        row("a number alone leaves the name free", QStringList{"Color 2"}, "Color");
+        row("third", QStringList{"Color 2", "Color"}, "Color 3");
+        row("gap", QStringList{"Color", "Color 3"}, "Color 2");
+        row("other spellings are other names", QStringList{"Color", "Color 02", "Color  2"}, "Color 2");
     }
     void createColorNames()
     {
-        QFETCH(QStringList, existing);
+        const auto [existing, name] = fetched<QStringList, QString>();
         Item list(nullptr);
         const QString uid = list.createColor(rgb(1, 2, 3), QString(), existing, "List/Name", "V1");
         QVERIFY2(QRegularExpression("^\\{[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}\\}$").match(uid).hasMatch(),
                  qPrintable(uid));
         const Item* color = list.childWithUid(uid);
-        QTEST(color->displayName(), "name");
+        QCOMPARE(color->displayName(), name);
         QCOMPARE(color->orignatingPreset(), QString("List/Name"));
         QCOMPARE(color->vendorID(), QString("V1"));
         QCOMPARE(list.createColor(rgb(1, 2, 3), "any text", existing, "", ""), QString("any text"));
@@ -222,16 +221,16 @@ private Q_SLOTS:
     // Children come and go in any order: each knows its row, and is deleted once, in the end.
     void rowsAndReleases_data()
     {
-        QTest::addColumn<int>("insertAt"); // -1 for the end, -2 for anywhere
-        QTest::addColumn<bool>("isReleasedByDestructor");
-        QTest::newRow("appended") << -1 << false;
-        QTest::newRow("at the front") << 0 << false;
-        QTest::newRow("always behind the first") << 1 << true;
-        QTest::newRow("anywhere") << -2 << true;
+        // insertAt: -1 for the end, -2 for anywhere
+        const Rows<int, bool> row;
+        row("appended", -1, false);
+        row("at the front", 0, false);
+        row("always behind the first", 1, true);
+        row("anywhere", -2, true);
     }
     void rowsAndReleases()
     {
-        QFETCH(int, insertAt);
+        const auto [insertAt, isReleasedByDestructor] = fetched<int, bool>();
         std::mt19937 random(7);
         const auto below = [&](int n) { return static_cast<int>(random() % static_cast<uint>(n)); };
         auto* parent = new Item(nullptr);
@@ -263,7 +262,6 @@ private Q_SLOTS:
         parent->appendChild(released.at(2));
         parent->removeChildren(parent->childCount() - 1, 1);
         QVERIFY(released.at(0));
-        QFETCH(bool, isReleasedByDestructor);
         if (isReleasedByDestructor)
             delete parent;
         else

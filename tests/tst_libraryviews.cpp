@@ -178,19 +178,15 @@ private Q_SLOTS:
     // A proxy model keeps a table of rows, which is out of date after a silent change.
     void silentChangesUnderAProxy_data()
     {
-        QTest::addColumn<int>("before");
-        QTest::addColumn<int>("after");
-        QTest::addColumn<QString>("next");
+        const Rows<int, int, QString> row;
         for (const char* next : {"remove", "clear", "create", "insert", "remove list", "remove, filtered out"}) {
-            QTest::addRow("longer, then %s", next) << 3 << 400 << next;
-            QTest::addRow("shorter, then %s", next) << 400 << 3 << next;
+            row(QByteArray("longer, then ") + next, 3, 400, next);
+            row(QByteArray("shorter, then ") + next, 400, 3, next);
         }
     }
     void silentChangesUnderAProxy()
     {
-        QFETCH(int, before);
-        QFETCH(int, after);
-        QFETCH(QString, next);
+        const auto [before, after, next] = fetched<int, int, QString>();
         lib()->init(true, true, true);
         QSortFilterProxyModel proxy;
         proxy.setSourceModel(lib());
