@@ -2,6 +2,7 @@
 #include "ExpectedSlots.h"
 #include "FrameRenderer.h"
 #include "LXColor.h"
+#include "Rows.h"
 
 #include <QtTest>
 
@@ -126,27 +127,19 @@ private Q_SLOTS:
 
     void refusesPatches_data()
     {
-        QTest::addColumn<int>("profile");
-        QTest::addColumn<int>("ioMode");
-        QTest::addColumn<int>("universe");
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<QString>("says");
-        QTest::newRow("no such profile") << 10 << 0 << 1 << 1 << "no profile 10";
-        QTest::newRow("no such mode") << 0 << 10 << 1 << 1 << "no IO mode 10";
-        QTest::newRow("universe 0") << 0 << 0 << 0 << 1 << "universe 0";
-        QTest::newRow("universe beyond the last") << 0 << 0 << 64000 << 1 << "universe 64000";
-        QTest::newRow("slot 0") << 0 << 0 << 1 << 0 << "slot 0";
-        QTest::newRow("beyond the universe") << 0 << 0 << 1 << 511 << "slot 513";
-        QTest::newRow("taken") << 0 << 0 << 1 << 101 << "slot 102 of universe 1 is taken by fixture 1";
+        const Rows<int, int, int, int, QString> row;
+        row("no such profile", 10, 0, 1, 1, "no profile 10");
+        row("no such mode", 0, 10, 1, 1, "no IO mode 10");
+        row("universe 0", 0, 0, 0, 1, "universe 0");
+        row("universe beyond the last", 0, 0, 64000, 1, "universe 64000");
+        row("slot 0", 0, 0, 1, 0, "slot 0");
+        row("beyond the universe", 0, 0, 1, 511, "slot 513");
+        row("taken", 0, 0, 1, 101, "slot 102 of universe 1 is taken by fixture 1");
     }
 
     void refusesPatches()
     {
-        QFETCH(int, profile);
-        QFETCH(int, ioMode);
-        QFETCH(int, universe);
-        QFETCH(int, slot);
-        QFETCH(QString, says);
+        const auto [profile, ioMode, universe, slot, says] = fetched<int, int, int, int, QString>();
         FrameRenderer renderer;
         const Fixture good = Fixture::contiguous(ColorUtils::ProfileGenericRGBW, ColorUtils::IOModeRGBW, 1, 102, 1);
         QVERIFY(renderer.setPatch({good}, nullptr));
