@@ -130,6 +130,14 @@ if(TARGET lxcolor)
     install(FILES apps/lxcolor/completions/lxcolor DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
             COMPONENT lxcolor_tools)
 endif()
+if(TARGET lxswatches)
+    install(FILES "${PROJECT_BINARY_DIR}/man/lxswatches.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1"
+            COMPONENT lxcolor_tools)
+    install(FILES apps/lxswatches/lxswatches.desktop DESTINATION "${CMAKE_INSTALL_DATADIR}/applications"
+            COMPONENT lxcolor_tools)
+    install(FILES apps/lxswatches/lxswatches.svg DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps"
+            COMPONENT lxcolor_tools)
+endif()
 if(TARGET lxcolor_manual)
     install(DIRECTORY "${PROJECT_BINARY_DIR}/man/man1" DESTINATION "${CMAKE_INSTALL_MANDIR}" COMPONENT lxcolor_tools)
 endif()

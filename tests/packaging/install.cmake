@@ -66,6 +66,10 @@ if("lxcolor" IN_LIST PROGRAMS)
     expect_exists("${INSTALLED}/${DATADIR}/man/man1/lxcolor.1" "${INSTALLED}/${DATADIR}/man/man1/lxcolor-dmx.1"
         "${INSTALLED}/${DATADIR}/bash-completion/completions/lxcolor")
 endif()
+if("lxswatches" IN_LIST PROGRAMS)
+    expect_exists("${INSTALLED}/${DATADIR}/man/man1/lxswatches.1" "${INSTALLED}/${DATADIR}/applications/lxswatches.desktop"
+        "${INSTALLED}/${DATADIR}/icons/hicolor/scalable/apps/lxswatches.svg")
+endif()
 foreach(program IN LISTS PROGRAMS)
     run("${INSTALLED}/${BINDIR}/${program}" --version)
     if(NOT RUN_OUTPUT MATCHES "${VERSION}")

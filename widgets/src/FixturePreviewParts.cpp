@@ -91,7 +91,7 @@ void LightPair::paintEvent(QPaintEvent*)
     const QRect right(left.right() + 1, 0, width() - left.width(), height());
     painter.save();
     painter.setClipPath(outline);
-    painter.fillRect(patches & left, m_requested.color);
+    painter.fillRect(patches, m_requested.color); // Without a seam, whatever the scale.
     painter.fillRect(patches & right, m_achieved.color);
     painter.restore();
     painter.setPen(QColor(128, 128, 128, 120));

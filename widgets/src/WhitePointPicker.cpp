@@ -100,7 +100,7 @@ void WhitePointPicker::Private::build()
     gamut->setMinimumHeight(2 * gamut->fontMetrics().lineSpacing()); // The diagram keeps its size.
 
     auto* fields = new QGridLayout;
-    fields->setHorizontalSpacing(12);
+    fields->setHorizontalSpacing(16);
     fields->setVerticalSpacing(4);
     field(fields, 0, WhitePointPicker::tr("&Colour temperature"), cct);
     field(fields, 1, WhitePointPicker::tr("&Tint"), tint);

@@ -17,6 +17,7 @@ namespace {
 const QRectF WhiteLight(0.20, 0.20, 0.38, 0.32); // CIE 1931 x, y
 const QRectF WholeDiagram(-0.04, -0.04, 0.82, 0.92);
 constexpr double CornerRadius = 6.0;
+constexpr double Enlargement = 1.35; // of what is written and drawn on the diagram
 constexpr double RingRadius = 7.0;
 constexpr int NotchOfWheel = 120;
 
@@ -111,7 +112,7 @@ void WhitePointPlot::updateDiagram()
 
 // ---- Between pixels and white points ----
 
-QRect WhitePointPlot::picture() const { return m_diagram.plotArea(rect()); }
+QRect WhitePointPlot::diagramRect() const { return {QPoint(0, 0), (QSizeF(size()) / Enlargement).toSize()}; }
 
 QRectF WhitePointPlot::xyRect() const
 {
@@ -119,14 +120,13 @@ QRectF WhitePointPlot::xyRect() const
     return {QPointF(range.left(), range.bottom()), QPointF(range.right(), range.top())};
 }
 
-QPointF WhitePointPlot::pixelOf(QPointF xy) const { return m_diagram.positionOf(xy, rect()); }
+QPointF WhitePointPlot::pixelOf(QPointF xy) const { return m_diagram.positionOf(xy, diagramRect()) * Enlargement; }
 
 void WhitePointPlot::moveTo(QPoint pixel)
 {
-    const QRect area = picture();
     double x = 0.0;
     double y = 0.0;
-    CCTImageUtils::getxyFromPoint(x, y, xyRect(), pixel - area.topLeft(), area);
+    CCTImageUtils::getxyFromPoint(x, y, xyRect(), pixel, rect()); // The diagram fills the widget.
     int cct = 0;
     int tint = 0;
     if (CCTUtils::getCCTAndTintFromxy(x, y, cct, tint) && setWhitePoint(cct, tint))
@@ -214,7 +214,8 @@ void WhitePointPlot::paintEvent(QPaintEvent*)
         m_painted.setDevicePixelRatio(ratio);
         m_painted.fill(Qt::transparent);
         QPainter painter(&m_painted);
-        m_diagram.paint(painter, rect());
+        painter.scale(Enlargement, Enlargement);
+        m_diagram.paint(painter, diagramRect());
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

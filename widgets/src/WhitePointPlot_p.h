@@ -48,7 +48,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QRect picture() const;
+    QRect diagramRect() const;
     QRectF shownRange() const;
     QRectF xyRect() const;
     QPointF pixelOf(QPointF xy) const;

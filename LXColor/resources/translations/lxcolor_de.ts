@@ -566,7 +566,7 @@
     </message>
     <message>
         <source>IO &amp;mode</source>
-        <translation>IO-&amp;Betriebsartamp;Modus</translation>
+        <translation>IO-&amp;Modus</translation>
     </message>
     <message>
         <source>Requested and achieved light</source>
@@ -625,6 +625,141 @@
     <message>
         <source>Color ID</source>
         <translation>Farb-ID</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Swatches</source>
+        <translation>Farbfelder</translation>
+    </message>
+    <message>
+        <source>Project documents (*.xml);;All files (*)</source>
+        <translation>Projektdateien (*.xml);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Add to Swatches</source>
+        <translation>Zu Farbfeldern &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Replace Swatch</source>
+        <translation>Farbfeld &amp;ersetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>White Light</source>
+        <translation>Weißlicht</translation>
+    </message>
+    <message>
+        <source>On the Fixture</source>
+        <translation>Am Scheinwerfer</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Über das Programm</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>%1 K</source>
+        <translation>%1 K</translation>
+    </message>
+    <message>
+        <source>%1, tint %2 %</source>
+        <translation>%1, Farbstich %2 %</translation>
+    </message>
+    <message>
+        <source>There is no list that can be changed.</source>
+        <translation>Es gibt keine Liste, die geändert werden kann.</translation>
+    </message>
+    <message>
+        <source>Choose a swatch that can be changed.</source>
+        <translation>Wählen Sie ein Farbfeld, das geändert werden kann.</translation>
+    </message>
+    <message>
+        <source>Open Project</source>
+        <translation>Projekt öffnen</translation>
+    </message>
+    <message>
+        <source>Save Project</source>
+        <translation>Projekt speichern</translation>
+    </message>
+    <message>
+        <source>Show.xml</source>
+        <translation>Show.xml</translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation>Gespeichert.</translation>
+    </message>
+    <message>
+        <source>The project&apos;s swatches have changed. Do you want to save them?</source>
+        <translation>Die Farbfelder des Projekts wurden geändert. Möchten Sie sie speichern?</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Colours for LED fixtures: keep them, pick white light, and see what a fixture makes of them.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Farben für LED-Scheinwerfer: verwalten, Weißlicht wählen und sehen, was ein Scheinwerfer daraus macht.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -1023,6 +1158,41 @@
     <message>
         <source>The text is not UTF-8, and is read as Windows-1252.</source>
         <translation>Der Text ist nicht UTF-8 und wird als Windows-1252 gelesen.</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectDocument</name>
+    <message>
+        <source>elements are nested too deeply</source>
+        <translation>die Elemente sind zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>entities are not supported</source>
+        <translation>Entitäten werden nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>line %1, column %2: %3</source>
+        <translation>Zeile %1, Spalte %2: %3</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be read: %2.</source>
+        <translation>„%1“ kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>it is not well-formed</source>
+        <translation>sie ist nicht wohlgeformt</translation>
+    </message>
+    <message>
+        <source>“%1” is not a project document: %2.</source>
+        <translation>„%1“ ist keine Projektdatei: %2.</translation>
+    </message>
+    <message>
+        <source>The library has no list for the colours of a project.</source>
+        <translation>Die Bibliothek hat keine Liste für die Farben eines Projekts.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be saved: %2.</source>
+        <translation>„%1“ kann nicht gespeichert werden: %2.</translation>
     </message>
 </context>
 <context>
