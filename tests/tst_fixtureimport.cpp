@@ -68,9 +68,9 @@ double line555(double nm) { return nm == 555.0 ? 1.0 : 0.0; }
 
 QByteArray spectralColumns()
 {
-    QByteArray text = "wavelength (nm);A [W/m\xc2\xb2/nm];E;line\n";
+    QByteArray text = "wavelength (nm);A [W/m\xc2\xb2/nm];E;line;\n";
     for (int nm = 360; nm <= 830; ++nm)
-        text += QString("%1;%2;%3;%4\n")
+        text += QString("%1;%2;%3;%4;\n")
                     .arg(nm)
                     .arg(illuminantA(nm))
                     .arg(equalEnergy(nm))

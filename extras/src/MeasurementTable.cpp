@@ -293,7 +293,8 @@ private:
                 first.place};
         QVector<int> columns;
         for (int i = 1; i < m_heads.size(); ++i)
-            columns.append(i);
+            if (!m_heads.at(i).name.isEmpty())
+                columns.append(i);
         setUnit(radiometricUnits(), unitIn(columns));
         QVector<double> wavelengths;
         for (const Row& row : m_table.rows)
