@@ -33,6 +33,7 @@ class LXCOLOR_EXTRAS_EXPORT PaletteFormat
     Q_DECLARE_TR_FUNCTIONS(PaletteFormat)
 
 public:
+    /// The formats.
     enum class Id {
         Gpl,     ///< "gpl": the palette of a drawing program, as text (GIMP Palette).
         Ase,     ///< "ase": swatch exchange, binary, version 1.0.
