@@ -79,6 +79,7 @@ offers README.md dmx --profiles READ
 offers README.md plot READ
 offers convert palette co
 offers README.md palette convert READ
+offers 'WashLine\ QP6\ RGBW' import README.md --profile Wash
 offers gpl palette convert a b --to g
 complete_words dmx --bits 3
 [ ${#COMPREPLY[@]} -eq 0 ] || fail "completion offers ${COMPREPLY[*]} for bits that there are not"
