@@ -23,7 +23,9 @@
 class LXCOLOR_WIDGETS_EXPORT WhitePointPicker : public QWidget
 {
     Q_OBJECT
+    /// Kelvin.
     Q_PROPERTY(int cct READ cct NOTIFY whitePointChanged)
+    /// CCTUtils::getMinTint()..getMaxTint().
     Q_PROPERTY(int tint READ tint NOTIFY whitePointChanged)
 
 public:
