@@ -71,10 +71,15 @@ class TestMatching : public QuietTest
 private Q_SLOTS:
     void worksOnPaper()
     {
-        const double XYZ[] = {0.2, 0.5, 0.1};
-        Levels light(3, -7.0);
-        CU::convertXYZtoYxy(XYZ, light.data());
-        COMPARE_NEAR(light, Levels({0.5, 0.25, 0.625}), 1e-15);
+        const auto convert = [](const Levels& XYZ) {
+            Levels light(3, -7.0);
+            CU::convertXYZtoYxy(XYZ.data(), light.data());
+            return light;
+        };
+        COMPARE_NEAR(convert({0.2, 0.5, 0.1}), Levels({0.5, 0.25, 0.625}), 1e-15);
+        for (const Levels& none : {Levels{0, 0, 0}, Levels{-1, -2, 0}, Levels{qQNaN(), -1, 0}})
+            QCOMPARE(convert(none), Levels({0, 0, 0}));
+        QCOMPARE(convert({1, -1, 0}), Levels({1, 0, 0})); // no chromaticity, but a brightness
         QPointF nearest;
         QCOMPARE(CU::minDistance({0, 0}, {2, 0}, {5, -4}, nearest), 5.0);
         QCOMPARE(nearest, QPointF(2, 0));
