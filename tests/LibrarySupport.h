@@ -2,11 +2,14 @@
 #define TESTS_LIBRARYSUPPORT_H
 
 #include "AppSupportFolder_p.h"
+#include "Files.h"
 #include "LXColorLibrary.h"
 #include "ModelWatch.h"
+#include "OrbisProjectHelper.h"
 #include "Support.h"
 
 #include <QAbstractItemModelTester>
+#include <QDomDocument>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
 
@@ -61,16 +64,16 @@ protected:
             result << lib()->index(row, 0, lib()->rootIndex()).data().toString();
         return result;
     }
-    QByteArray bytesOf(const QString& path) const
+    /// Loads a project document, and gives the error.
+    QString loadProject(const QByteArray& xml, double version = 1.0) const
     {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    void write(const QString& path, const QByteArray& bytes) const
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), qint64(bytes.size()));
+        QDomDocument document;
+        QString error;
+        [&] {
+            QVERIFY(document.setContent(xml));
+            QVERIFY(lib()->loadDocument(document, error, version, ORBIS_APPLICATION_ID));
+        }();
+        return error;
     }
     /// A library as after a start of the application, with the user colour file loaded.
     void restart(bool withProjectSwatches = true)

@@ -1,5 +1,6 @@
 // What is wrong with documents, and that it is what the library's own readers make of them.
 #include "DocumentChecker.h"
+#include "Files.h"
 #include "LXColorLibrary.h"
 #include "OrbisProjectHelper.h"
 #include "Support.h"
@@ -17,12 +18,6 @@ using Report = DocumentChecker::Report;
 namespace {
 
 const QString kData = LXCOLOR_SOURCE_DIR "/tests/data/";
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 Report check(QByteArray text)
 {

@@ -85,7 +85,7 @@ private Q_SLOTS:
     {
         const int kills =
             qEnvironmentVariableIsSet("LXCOLOR_KILLS") ? qEnvironmentVariableIntValue("LXCOLOR_KILLS") : 30;
-        write(userFile(), before());
+        writeFile(userFile(), before());
         std::mt19937 random(5);
         for (int run = 0; run < kills; ++run) {
             QProcess process;
@@ -94,12 +94,12 @@ private Q_SLOTS:
             QThread::usleep(random() % 30000);
             process.kill();
             QVERIFY(process.waitForFinished());
-            const lxcolor::ColorSections read = lxcolor::readColorSections(bytesOf(userFile()));
+            const lxcolor::ColorSections read = lxcolor::readColorSections(contentOf(userFile()));
             QVERIFY2(read.outcome == lxcolor::ColorSections::Whole && !read.sections.isEmpty(), qPrintable(read.error));
         }
         QCOMPARE(keptFiles(), QStringList());
         runChildInFolder({"one"}); // What the last one left behind, its lock for example, keeps nobody from saving.
-        QVERIFY(bytesOf(userFile()).contains("Added"));
+        QVERIFY(contentOf(userFile()).contains("Added"));
     }
 
     void noRoomToSave_data()
@@ -117,7 +117,7 @@ private Q_SLOTS:
         if (place.startsWith("disk") && !disk.isMounted())
             QSKIP("no disk can be mounted here");
         const bool isFolderReadOnly = place.contains("unprivileged");
-        write(userFile(), before());
+        writeFile(userFile(), before());
         makeReadOnly(isFolderReadOnly);
         if (place == "disk full") {
             QFile rest(folder() + "/rest");
@@ -128,7 +128,7 @@ private Q_SLOTS:
         runChildInFolder(QStringList{place == "disk full" ? "one" : "many"} + place.split(' '));
         makeReadOnly(false);
         // What was loaded may have been written anew, but nothing is missing.
-        const lxcolor::ColorSections read = lxcolor::readColorSections(bytesOf(userFile()));
+        const lxcolor::ColorSections read = lxcolor::readColorSections(contentOf(userFile()));
         QCOMPARE(read.outcome, lxcolor::ColorSections::Whole);
         QCOMPARE(read.sections.value(0).colors.value(0).name, QString("a"));
         QCOMPARE(read.sections.value(0).colors.size(), 1);
@@ -147,11 +147,11 @@ private Q_SLOTS:
         Mounted disk(what == "disk" ? folder() : QString(), "size=1m");
         if (what == "disk" && !disk.isMounted())
             QSKIP("no disk can be mounted here");
-        write(userFile(), before());
+        writeFile(userFile(), before());
         makeReadOnly(what != "disk", what == "folder");
         disk.makeReadOnly();
         runChildInFolder(what == "disk" ? QStringList{"one"} : QStringList{"one", "unprivileged"});
-        const QByteArray after = bytesOf(userFile());
+        const QByteArray after = contentOf(userFile());
         if (what != "disk")
             makeReadOnly(false);
         if (what == "folder") // The file itself is written to.
@@ -175,13 +175,13 @@ private Q_SLOTS:
         const QString kept = userFile() + ".kept";
         if (what == "a folder") {
             QVERIFY(QDir().mkpath(userFile()));
-            write(userFile() + "/inside", before());
+            writeFile(userFile() + "/inside", before());
         } else if (what == "a pipe") {
             QCOMPARE(mkfifo(path.constData(), 0666), 0);
         } else if (what == "a link to a device") {
             QVERIFY(QFile::link("/dev/zero", userFile()));
         } else {
-            write(userFile(), before());
+            writeFile(userFile(), before());
             if (what == "1 GB")
                 QVERIFY(QFile::resize(userFile(), qint64(1) << 30));
             else
@@ -190,12 +190,12 @@ private Q_SLOTS:
         makeFolderOpen();
         runChildInFolder({"one", "unprivileged"});
 
-        QVERIFY(QFileInfo(userFile()).isFile() && bytesOf(userFile()).contains("Added"));
+        QVERIFY(QFileInfo(userFile()).isFile() && contentOf(userFile()).contains("Added"));
         QCOMPARE(keptFiles(), QStringList(QFileInfo(kept).fileName()));
         struct stat status;
         QCOMPARE(lstat(QFile::encodeName(kept).constData(), &status), 0);
         if (what == "a folder")
-            QCOMPARE(bytesOf(kept + "/inside"), before());
+            QCOMPARE(contentOf(kept + "/inside"), before());
         else if (what == "a pipe")
             QVERIFY(S_ISFIFO(status.st_mode));
         else if (what == "a link to a device")
@@ -203,7 +203,7 @@ private Q_SLOTS:
         else if (what == "1 GB")
             QCOMPARE(qint64(status.st_size), qint64(1) << 30);
         else
-            QCOMPARE(bytesOf(kept), geteuid() == 0 ? before() : QByteArray());
+            QCOMPARE(contentOf(kept), geteuid() == 0 ? before() : QByteArray());
         QCOMPARE(chmod(QFile::encodeName(kept).constData(), 0777), 0);
     }
 
@@ -221,14 +221,14 @@ private Q_SLOTS:
         const QString target = folder() + "/elsewhere/colors.xml";
         QVERIFY(QDir().mkpath(folder() + "/elsewhere"));
         if (isThere)
-            write(target, before());
+            writeFile(target, before());
         if (count == 2)
             QVERIFY(QFile::link("elsewhere/colors.xml", folder() + "/link"));
         QVERIFY(QFile::link(count == 2 ? "link" : "elsewhere/colors.xml", userFile()));
         runChildInFolder({"one"});
         QVERIFY(QFileInfo(userFile()).isSymLink());
         QVERIFY(count == 1 || QFileInfo(folder() + "/link").isSymLink());
-        const QByteArray saved = bytesOf(target);
+        const QByteArray saved = contentOf(target);
         QVERIFY(saved.contains("Added") && saved.contains("\"a\"") == isThere);
         QCOMPARE(keptFiles(), QStringList());
     }
@@ -237,12 +237,12 @@ private Q_SLOTS:
     {
         const QByteArray whole =
             document(userListElement(colorElement("a").repeated(200)) + "<!--" + QByteArray(500000, ' ') + "-->");
-        write(userFile(), whole.left(whole.size() / 2));
+        writeFile(userFile(), whole.left(whole.size() / 2));
         restart();
         QVERIFY(!list("Mine").isValid());
-        write(userFile(), whole);
+        writeFile(userFile(), whole);
         lib()->createColorList("New", true);
-        QCOMPARE(bytesOf(userFile() + ".kept"), whole);
+        QCOMPARE(contentOf(userFile() + ".kept"), whole);
 
         const QString path = folder() + "/growing";
         std::thread writer([&] {
@@ -268,18 +268,18 @@ private Q_SLOTS:
         lib()->createColorList("Ours, too", true);
         QCOMPARE(keptFiles(), QStringList());
         runChildInFolder({"lists", "Theirs"});
-        const QByteArray theirs = bytesOf(userFile());
+        const QByteArray theirs = contentOf(userFile());
         QVERIFY(theirs.contains("Theirs49") && theirs.contains("Ours, too"));
         lib()->createColorList("Ours again", true);
         lib()->createColorList("Ours at last", true);
-        QVERIFY(bytesOf(userFile()).contains("Ours at last"));
+        QVERIFY(contentOf(userFile()).contains("Ours at last"));
         QCOMPARE(keptFiles().size(), 1);
-        QCOMPARE(bytesOf(userFile() + ".kept"), theirs);
+        QCOMPARE(contentOf(userFile() + ".kept"), theirs);
     }
 
     void savedAtOnce()
     {
-        write(userFile(), before());
+        writeFile(userFile(), before());
         QProcess first;
         QProcess second;
         startChild(first, {"lists", "First"});
@@ -292,7 +292,7 @@ private Q_SLOTS:
         QByteArray all;
         const QStringList files = keptFiles() + QStringList(QFileInfo(userFile()).fileName());
         for (const QString& name : files) {
-            const QByteArray bytes = bytesOf(folder() + '/' + name);
+            const QByteArray bytes = contentOf(folder() + '/' + name);
             QCOMPARE(lxcolor::readColorSections(bytes).outcome, lxcolor::ColorSections::Whole);
             all += bytes;
         }

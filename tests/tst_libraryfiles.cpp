@@ -36,7 +36,7 @@ private Q_SLOTS:
         qputenv("XDG_DATA_HOME", QFile::encodeName(folder() + "/data"));
         QCOMPARE(lxcolor::platformAppSupportFolder(), folder() + "/data/LXColor");
         QVERIFY(QFileInfo(folder() + "/data/LXColor").isDir());
-        write(folder() + "/file", "");
+        writeFile(folder() + "/file", "");
         qputenv("XDG_DATA_HOME", QFile::encodeName(folder() + "/file/data"));
         QCOMPARE(lxcolor::platformAppSupportFolder(), QString());
         qunsetenv("XDG_DATA_HOME");
@@ -47,7 +47,7 @@ private Q_SLOTS:
         lib()->init(true, true, true);
         lib()->createColorList("Early", true);
         lib()->saveUserColors();
-        write(folder() + "/other.xml", document(userListElement(colorElement("a"))));
+        writeFile(folder() + "/other.xml", document(userListElement(colorElement("a"))));
         lib()->loadUserColors(folder() + "/other.xml");
         QCOMPARE(names("Mine"), QStringList("a"));
         QVERIFY(!QFile::exists(userFile()));
@@ -56,9 +56,9 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(userFile())); // Nothing was loaded, nothing is to be saved ...
         lib()->createColorList("Late", true);
         QVERIFY(QFileInfo(LXColorLibrary::applicationSupportDir()).isDir());
-        QVERIFY(bytesOf(userFile()).contains("Early")); // ... until something changes.
+        QVERIFY(contentOf(userFile()).contains("Early")); // ... until something changes.
         lib()->removeRows(2, 3, lib()->rootIndex());
-        QCOMPARE(bytesOf(userFile()), QByteArray("<ColorLibraryList/>\n"));
+        QCOMPARE(contentOf(userFile()), QByteArray("<ColorLibraryList/>\n"));
     }
 
     void savedText()
@@ -82,7 +82,7 @@ private Q_SLOTS:
             " </ColorLibrary>\n"
             " <ColorLibrary name=\"Empty\" isUserLibrary=\"1\"/>\n"
             "</ColorLibraryList>\n";
-        QCOMPARE(bytesOf(userFile()), expected);
+        QCOMPARE(contentOf(userFile()), expected);
     }
 
     void anyTextSurvives_data()
@@ -124,10 +124,7 @@ private Q_SLOTS:
         QCOMPARE(color.parent().data().toString(), read);
         QCOMPARE(QDir(folder()).entryList({"*.kept*"}), QStringList());
 
-        QDomDocument reread;
-        QString error;
-        QVERIFY(reread.setContent(project.toByteArray(1)));
-        QVERIFY(lib()->loadDocument(reread, error, 1.0, ORBIS_APPLICATION_ID));
+        loadProject(project.toByteArray(1));
         QCOMPARE(names("Project Swatches"), QStringList(read));
     }
 
@@ -140,7 +137,7 @@ private Q_SLOTS:
             struct stat status;
             return stat(QFile::encodeName(userFile()).constData(), &status) == 0 ? status.st_ino : 0;
         };
-        const QByteArray before = bytesOf(userFile());
+        const QByteArray before = contentOf(userFile());
         const ino_t node = inode();
         restart();
         lib()->saveUserColors();
@@ -148,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(inode(), node);
         lib()->rename("{r}", "Crimson", true);
         QVERIFY(inode() != node);
-        QVERIFY(bytesOf(userFile()) != before);
+        QVERIFY(contentOf(userFile()) != before);
     }
 
     void oneSaveForOneCall()
@@ -167,7 +164,7 @@ private Q_SLOTS:
         saves();
         setDebugOutput(true);
         lib()->rename("{r}", "Crimson", true);
-        QCOMPARE(saves(), QStringList(quoted(QString::fromUtf8(bytesOf(userFile())))));
+        QCOMPARE(saves(), QStringList(quoted(QString::fromUtf8(contentOf(userFile())))));
         lib()->createColorWithName(rgb(1, 1, 1), "Red", "", "Mine", "");
         QCOMPARE(saves().size(), 1);
         lib()->createColorList("More", true);
@@ -242,7 +239,7 @@ private Q_SLOTS:
     void filesThatAreKept()
     {
         const auto [content, loaded, isKept] = fetched<QByteArray, QStringList, bool>();
-        write(userFile(), content);
+        writeFile(userFile(), content);
         restart();
         for (const QString& text : Messages::takeTexts()) // What the colour value says of texts that are no colour.
             QVERIFY2(text.contains("empty attribute") || text.contains("modeltester"), qPrintable(text));
@@ -254,28 +251,28 @@ private Q_SLOTS:
         const QString kept = userFile() + ".kept";
         QCOMPARE(QFile::exists(kept), isKept);
         if (isKept)
-            QCOMPARE(bytesOf(kept), content);
+            QCOMPARE(contentOf(kept), content);
         QVERIFY(!QFile::exists(kept + "-2"));
         restart();
         QVERIFY(list("Mine 2").isValid());
         if (!isKept)
             return;
-        write(userFile(), "other damage");
+        writeFile(userFile(), "other damage");
         restart();
         lib()->createColorList("Mine", true);
-        QCOMPARE(bytesOf(kept), content);
-        QCOMPARE(bytesOf(kept + "-2"), QByteArray("other damage"));
+        QCOMPARE(contentOf(kept), content);
+        QCOMPARE(contentOf(kept + "-2"), QByteArray("other damage"));
     }
 
     // Without a project, "Project Swatches" is a name like any other in a file, but such a list is never saved.
     void userListsThatWouldNotBeSaved()
     {
         const QByteArray content = document(userListElement(colorElement("a")).replace("Mine", "Project Swatches"));
-        write(userFile(), content);
+        writeFile(userFile(), content);
         restart(false);
         QCOMPARE(names("Project Swatches"), QStringList("a"));
         lib()->createColorList("Mine", true);
-        QCOMPARE(bytesOf(userFile() + ".kept"), content);
+        QCOMPARE(contentOf(userFile() + ".kept"), content);
 
         lib()->removeRows(list("Project Swatches").row(), 1, lib()->rootIndex());
         QVERIFY(!lib()->setData(list("Mine"), "Project Swatches"));
@@ -284,13 +281,13 @@ private Q_SLOTS:
 
     void loadingTwiceNumbersNames()
     {
-        write(userFile(), document(userListElement(colorElement("a") + colorElement("a"))));
+        writeFile(userFile(), document(userListElement(colorElement("a") + colorElement("a"))));
         lib()->init(true, true, true);
         lib()->createColorList("Mine", false);
         lib()->loadUserColors(QString());
         QCOMPARE(names("Mine 2"), QStringList({"a", "a 2"}));
         QVERIFY(lib()->isUserListIndex(list("Mine 2")));
-        QVERIFY(bytesOf(userFile()).contains("\"a 2\"")); // Saved at the end of loading, because that changed it.
+        QVERIFY(contentOf(userFile()).contains("\"a 2\"")); // Saved at the end of loading, because that changed it.
     }
 
     void elementsAtAnyDepth()
@@ -327,8 +324,8 @@ private Q_SLOTS:
         QVERIFY(presets.mkpath("."));
         for (const QString& file : files)
             QFile::copy(source.filePath(file), presets.filePath(file));
-        write(presets.filePath("broken.lxcolors"), document(userListElement("")).chopped(3));
-        write(presets.filePath("other.xml"), document("<ColorLibrary name='No preset'/>"));
+        writeFile(presets.filePath("broken.lxcolors"), document(userListElement("")).chopped(3));
+        writeFile(presets.filePath("other.xml"), document("<ColorLibrary name='No preset'/>"));
 
         lib()->init(true, true, true);
         lib()->loadPresetFiles();
@@ -357,8 +354,8 @@ private Q_SLOTS:
         lib()->createColorWithName(rgb(255, 0, 0), "Red", "{r}", "Mine", "");
         lib()->createColor(LXColor(0.3, -0.4), "{y}", "Mine", "", "");
         lib()->createColor(LXColor("aNchannel;3;6;65535;1;2;3;4;0"), "{n}", "Mine", "", "");
-        write(folder() + "/export.xml", lib()->createColorDoc({lib()->getIndexOfUid("{n}")}, "E").toByteArray());
-        write(folder() + "/wrong.xml", document(userListElement("<Color name='a' uid='' value='red'/>")));
+        writeFile(folder() + "/export.xml", lib()->createColorDoc({lib()->getIndexOfUid("{n}")}, "E").toByteArray());
+        writeFile(folder() + "/wrong.xml", document(userListElement("<Color name='a' uid='' value='red'/>")));
         const QString resources = QStringLiteral(LXCOLOR_SOURCE_DIR "/LXColor/resources");
         QStringList files = {userFile(), folder() + "/export.xml"};
         for (const QFileInfo& file : QDir(resources + "/Presets").entryInfoList(QDir::Files))
@@ -411,12 +408,10 @@ private Q_SLOTS:
     void projectWithSeveralLists()
     {
         lib()->init(true, true, true);
-        QDomDocument document;
-        QVERIFY(document.setContent("<p><ColorLibrary name='A'>" + colorElement("x") + "<Color uid='{n}' value='" +
-                                    Red.toLatin1() + "'/></ColorLibrary><ColorLibrary/><ColorLibrary name='B'>" +
-                                    colorElement("x") + colorElement("y") + "</ColorLibrary></p>"));
-        QString error;
-        QVERIFY(lib()->loadDocument(document, error, 1.0, ORBIS_APPLICATION_ID));
+        const QString error =
+            loadProject("<p><ColorLibrary name='A'>" + colorElement("x") + "<Color uid='{n}' value='" + Red.toLatin1() +
+                        "'/></ColorLibrary><ColorLibrary/><ColorLibrary name='B'>" + colorElement("x") +
+                        colorElement("y") + "</ColorLibrary></p>");
         QCOMPARE(error, QString("Found NULL LXColorLibrary element"));
         QCOMPARE(names("Project Swatches"), QStringList({"x", "empty attribute", "y"})); // {x} is one colour.
     }
@@ -424,12 +419,10 @@ private Q_SLOTS:
     void projectColorsWithoutUidAreSaved()
     {
         lib()->init(true, true, true);
-        QDomDocument document;
-        QVERIFY(document.setContent("<ColorLibrary name='A'><Color name='x' value='" + Red.toLatin1() +
-                                    "'/><Color name='y' uid='' value='" + Red.toLatin1() + "'/></ColorLibrary>"));
-        QString error;
-        QVERIFY(lib()->loadDocument(document, error, 1.0, ORBIS_APPLICATION_ID));
+        loadProject("<ColorLibrary name='A'><Color name='x' value='" + Red.toLatin1() +
+                    "'/><Color name='y' uid='' value='" + Red.toLatin1() + "'/></ColorLibrary>");
         QCOMPARE(names("Project Swatches"), QStringList({"x", "y"}));
+        QDomDocument document;
         bool ok = false;
         QCOMPARE(lib()->createElement(document, ok, ORBIS_APPLICATION_ID).childNodes().size(), 2);
     }
@@ -450,10 +443,7 @@ private Q_SLOTS:
         QByteArray colors;
         for (int i = 0; i < 14; ++i)
             colors += colorElement(QByteArray::number(i));
-        QDomDocument document;
-        QVERIFY(document.setContent("<ColorLibrary" + name + ">" + colors + "</ColorLibrary>"));
-        QString error;
-        QVERIFY(lib()->loadDocument(document, error, version, ORBIS_APPLICATION_ID));
+        loadProject("<ColorLibrary" + name + ">" + colors + "</ColorLibrary>", version);
         QCOMPARE(names("Project Swatches").size(), 14 + markers);
         QStringList expected;
         for (int i = 0; i < markers; ++i)

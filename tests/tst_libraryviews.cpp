@@ -148,13 +148,10 @@ private Q_SLOTS:
         view.setCurrentIndex(lib()->getIndexOfUid("{3}"));
         const QPersistentModelIndex kept(lib()->getIndexOfUid("{3}"));
 
-        QDomDocument project;
-        QVERIFY(project.setContent(QByteArray("<p><ColorLibrary><Color uid='{n}' name='New' "
-                                              "value='aRgb;1;0;#ffffffff00000000'/></ColorLibrary></p>")));
-        QString error;
         QSignalSpy inserted(lib(), &QAbstractItemModel::rowsInserted);
         QSignalSpy removed(lib(), &QAbstractItemModel::rowsRemoved);
-        QVERIFY(lib()->loadDocument(project, error, 1.0, "Orbis"));
+        loadProject(
+            "<p><ColorLibrary><Color uid='{n}' name='New' value='aRgb;1;0;#ffffffff00000000'/></ColorLibrary></p>");
         lib()->get("aRgb;1;0;#ffff000000000000");
         QCOMPARE(inserted.size() + removed.size(), 0);
         QVERIFY(!kept.isValid());
@@ -196,10 +193,7 @@ private Q_SLOTS:
             QByteArray xml = "<ColorLibrary>";
             for (int i = 0; i < count; ++i)
                 xml += "<Color uid='" + QByteArray::number(i) + "' value='aRgb;1;0;#ffffffff00000000'/>";
-            QDomDocument document;
-            QString error;
-            QVERIFY(document.setContent(xml + "</ColorLibrary>"));
-            QVERIFY(lib()->loadDocument(document, error, 1.0, "Orbis"));
+            loadProject(xml + "</ColorLibrary>");
         };
         const bool isFilteredOut = next.endsWith("filtered out");
         if (isFilteredOut)

@@ -1,5 +1,6 @@
 #include "CCTUtils.h"
 #include "ChromaticityDiagram.h"
+#include "Files.h"
 #include "ToolSupport.h"
 
 #include <QImage>
@@ -31,13 +32,6 @@ QStringList textsOf(const QByteArray& svg, int* images)
             texts.append(reader.readElementText().trimmed());
     }
     return reader.hasError() ? QStringList() : texts;
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
 }
 
 } // namespace

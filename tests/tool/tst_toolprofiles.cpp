@@ -1,7 +1,7 @@
+#include "Files.h"
 #include "ToolSupport.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 // The option --profiles, in every subcommand that has it.
@@ -48,10 +48,7 @@ private Q_SLOTS:
     {
         const QString copy = m_folder.filePath("bin/lxcolor");
         QVERIFY(QDir(m_folder.path()).mkdir("bin") && QFile::copy(program(), copy));
-        QFile beside(m_folder.filePath("FixtureProfiles.xml"));
-        QVERIFY(beside.open(QIODevice::WriteOnly));
-        beside.write(database(profile(0, kRgb) + profile(7, kRgb)));
-        beside.close();
+        writeFile(m_folder.filePath("FixtureProfiles.xml"), database(profile(0, kRgb) + profile(7, kRgb)));
 
         const auto fixturesOf = [&](const QStringList& options) {
             QProcess process;
@@ -133,12 +130,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString write(const QByteArray& content) const
-    {
-        const QString path = m_folder.filePath("profiles.xml");
-        QFile file(path);
-        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path : QString();
-    }
+    QString write(const QByteArray& content) const { return writeFile(m_folder.filePath("profiles.xml"), content); }
 
     QTemporaryDir m_folder;
 };

@@ -1,5 +1,6 @@
 // lxcolor render: frames of colours become the universes of a patch.
 #include "ColorUtils.h"
+#include "Files.h"
 #include "LXColor.h"
 #include "ToolSupport.h"
 
@@ -52,14 +53,7 @@ class TestToolRender : public QObject
 private:
     QTemporaryDir m_folder;
 
-    QString patch(const QByteArray& text)
-    {
-        const QString path = m_folder.filePath(QStringLiteral("patch.json"));
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-            qFatal("cannot write the patch");
-        return path;
-    }
+    QString patch(const QByteArray& text) { return writeFile(m_folder.filePath("patch.json"), text); }
 
     QByteArray raw(const QStringList& options, const QByteArray& input)
     {

@@ -1,14 +1,8 @@
 // lxcolor swatches: what a file holds as the library reads it, and lists exported to documents of their own.
+#include "Files.h"
 #include "ToolSupport.h"
 
 namespace {
-
-QString writeFile(const QTemporaryDir& folder, const char* name, const QByteArray& content)
-{
-    const QString path = folder.filePath(name);
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path : QString();
-}
 
 const char kProject[] = "<project><part>\n"
                         "<ColorLibrary name=\"Tom &amp; Jerry, %1 \xc3\xa4\" isUserLibrary=\"0\">\n"
@@ -28,7 +22,7 @@ private Q_SLOTS:
     void listsAndColours()
     {
         const QTemporaryDir folder;
-        const QString file = writeFile(folder, "project.xml", kProject);
+        const QString file = writeFile(folder.filePath("project.xml"), kProject);
         const Outcome json = succeed({"swatches", file, "--json"});
         QCOMPARE(json.lines().size(), 2);
         QCOMPARE(json.json(0)["list"].toString(), QString::fromUtf8("Tom & Jerry, %1 \xc3\xa4"));
@@ -45,10 +39,10 @@ private Q_SLOTS:
     void exportedListsLoadAgain()
     {
         const QTemporaryDir folder;
-        const QString file = writeFile(folder, "project.xml", kProject);
+        const QString file = writeFile(folder.filePath("project.xml"), kProject);
         const QString name = QString::fromUtf8("Tom & Jerry, %1 \xc3\xa4");
         const Outcome exported = succeed({"swatches", file, "--export", name});
-        const QString copy = writeFile(folder, "copy.lxcolors", exported.out.toUtf8());
+        const QString copy = writeFile(folder.filePath("copy.lxcolors"), exported.out.toUtf8());
         const Outcome read = succeed({"swatches", copy, "--json"});
         QCOMPARE(read.json()["list"].toString(), name);
         QCOMPARE(read.json()["userList"].toBool(), true);
@@ -61,14 +55,14 @@ private Q_SLOTS:
     void refusals()
     {
         const QTemporaryDir folder;
-        const QString good = writeFile(folder, "good.xml", kProject);
+        const QString good = writeFile(folder.filePath("good.xml"), kProject);
         verifyRefused(run({"swatches", good, folder.filePath("none.xml")}), {"none.xml"});
-        verifyRefused(run({"swatches", good, writeFile(folder, "bad.xml", "<a>\n<b></a>")}), {"bad.xml:2:"});
+        verifyRefused(run({"swatches", good, writeFile(folder.filePath("bad.xml"), "<a>\n<b></a>")}), {"bad.xml:2:"});
         verifyRefused(run({"swatches", good, "--export", "no such list"}), {"\"mine\"", "no such list"});
         const QByteArray deep = QByteArray("<a>").repeated(100000);
-        verifyRefused(run({"swatches", writeFile(folder, "deep.xml", deep)}), {"deep.xml:1:", "nested"});
+        verifyRefused(run({"swatches", writeFile(folder.filePath("deep.xml"), deep)}), {"deep.xml:1:", "nested"});
         const QByteArray bomb = "<!DOCTYPE a [<!ENTITY e \"ee\">]><a>&e;</a>";
-        verifyRefused(run({"swatches", writeFile(folder, "bomb.xml", bomb)}), {"bomb.xml:1:", "entities"});
+        verifyRefused(run({"swatches", writeFile(folder.filePath("bomb.xml"), bomb)}), {"bomb.xml:1:", "entities"});
     }
 };
 
