@@ -81,8 +81,8 @@ public:
             break;
         case CE_MenuBarItem:
             QProxyStyle::drawControl(element, option, painter, widget);
-            if (!option->state.testFlag(State_Selected))
-                painter->fillRect(bottom, option->palette.window());
+            if (!option->state.testFlag(State_Selected)) // Its own line, which may lie between two pixels.
+                painter->fillRect(bottom.adjusted(0, -1, 0, 0), option->palette.window());
             break;
         default:
             QProxyStyle::drawControl(element, option, painter, widget);
