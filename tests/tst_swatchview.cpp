@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QDomDocument>
+#include <QDrag>
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMimeData>
@@ -246,6 +247,7 @@ private Q_SLOTS:
         QSignalSpy refused(m_view.data(), &SwatchView::refused);
         rename("Straw", "Hay");
         QCOMPARE(names("Gels"), QStringList("Hay"));
+        QCOMPARE(m_view->action(Action::Undo)->text(), QString("Undo Rename"));
         press(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(names("Gels"), QStringList("Straw"));
         QCOMPARE(lib()->getIndexOfUid("{Straw}").data(Item::VendorIdRole).toString(), QString("L103"));
@@ -387,6 +389,19 @@ private Q_SLOTS:
         QCOMPARE(data->data(kLXCOLOR_VENDOR_ID_MIME_TYPE), QByteArray(",L103"));
         QCOMPARE(data->text(), QString("#ff0000\n#ffa500"));
         QCOMPARE(data->colorData().value<QColor>(), QColor(255, 0, 0));
+
+        // By the mouse: nobody takes it on the offscreen platform, and nothing is lost.
+        const QPoint from = tree()->visualRect(shown("Red")).center();
+        click("Red");
+        QTest::mousePress(tree()->viewport(), Qt::LeftButton, {}, from);
+        for (int way : {5, 40}) {
+            QMouseEvent move(QEvent::MouseMove, from + QPointF(way, way), Qt::NoButton, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(tree()->viewport(), &move);
+        }
+        const auto* drag = tree()->findChild<QDrag*>();
+        QVERIFY(drag && drag->mimeData()->text() == "#ff0000" && !drag->pixmap().isNull());
+        QTest::mouseRelease(tree()->viewport(), Qt::LeftButton, {}, from);
+        QCOMPARE(names("Mine"), QStringList({"Red", "Green", "Blue"}));
 
         click("Straw");
         press(Qt::Key_C, Qt::ControlModifier);

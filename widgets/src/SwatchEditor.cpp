@@ -39,6 +39,12 @@ bool SwatchEditor::canRemove(const QModelIndex& index) const
     return canEdit(index.parent()) && !index.data(Role::UidRole).toString().isEmpty();
 }
 
+void SwatchEditor::push(QUndoCommand* command, const QString& stepName)
+{
+    command->setText(stepName);
+    m_undoStack.push(command);
+}
+
 // ---- Removing ----
 
 void SwatchEditor::remove(const QModelIndexList& indexes)
@@ -108,15 +114,12 @@ bool SwatchEditor::rename(const QModelIndex& index, const QString& name)
         Q_EMIT refused(tr("There is a “%1” already.").arg(after));
         return false;
     }
-    Swatch swatch = swatchOf(index);
     if (isList) {
-        m_undoStack.push(new ListNameCommand(m_library, before, after));
+        push(new ListNameCommand(m_library, before, after), tr("Rename"));
     } else {
-        const Swatch unchanged = swatch;
-        swatch.name = after;
-        swatch.originatingPreset.clear();
-        swatch.vendorId.clear();
-        m_undoStack.push(new SwatchCommand(m_library, nameOf(index.parent()), unchanged, swatch));
+        const Swatch swatch = swatchOf(index);
+        const Swatch renamed{swatch.uid, after, swatch.color, QString(), QString()};
+        push(new SwatchCommand(m_library, nameOf(index.parent()), swatch, renamed), tr("Rename"));
     }
     return true;
 }
@@ -128,7 +131,7 @@ bool SwatchEditor::setColor(const QModelIndex& index, const LXColor& color)
     const Swatch before = swatchOf(index);
     Swatch after = before;
     after.color = color;
-    m_undoStack.push(new SwatchCommand(m_library, nameOf(index.parent()), before, after));
+    push(new SwatchCommand(m_library, nameOf(index.parent()), before, after), tr("Change colour"));
     return true;
 }
 
@@ -141,8 +144,7 @@ QString SwatchEditor::addList(const QString& name)
     QString freeName = m_library->getNewColorListName(name);
     auto* command = new ListCommand(m_library, SwatchesCommand::Insertion,
                                     {freeName, m_library->rowCount(m_library->rootIndex()), {}});
-    command->setText(tr("New list"));
-    m_undoStack.push(command);
+    push(command, tr("New list"));
     return freeName;
 }
 
@@ -163,8 +165,7 @@ QStringList SwatchEditor::insert(const QModelIndex& list, int row, QVector<Swatc
     }
     if (!places.isEmpty()) {
         auto* command = new SwatchesCommand(m_library, SwatchesCommand::Insertion, places);
-        command->setText(stepName);
-        m_undoStack.push(command);
+        push(command, stepName);
     }
     return uids;
 }

@@ -51,6 +51,7 @@ Q_SIGNALS:
 private:
     using Entries = QVector<QPair<QString, QString>>;
 
+    void push(QUndoCommand* command, const QString& stepName);
     void removeEntries(const QModelIndexList& entries);
     void removeList(const QModelIndex& list);
     QStringList moveEntries(const Entries& entries, const QModelIndex& list, int row);

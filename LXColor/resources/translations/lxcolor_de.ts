@@ -1482,5 +1482,13 @@
         <source>Move swatches</source>
         <translation>Farbfelder verschieben</translation>
     </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Change colour</source>
+        <translation>Farbe ändern</translation>
+    </message>
 </context>
 </TS>
