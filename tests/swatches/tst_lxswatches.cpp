@@ -362,6 +362,10 @@ private Q_SLOTS:
         const QString same = write("same.xml", before);
         QVERIFY(m_window->openDocument(same));
         press(Qt::Key_S, Qt::ControlModifier);
+        const QByteArray once = bytesOf(same);
+        QVERIFY(m_window->openDocument(same));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(bytesOf(same), once);
         const auto plain = [](QByteArray text) {
             text.replace('\'', '"').replace("&gt;", ">").replace("#ff0000", "").replace("#00ff00", "");
             return text;
