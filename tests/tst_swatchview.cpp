@@ -332,6 +332,11 @@ private Q_SLOTS:
         QTest::newRow("colour of 16 bits")
             << "application/x-color" << QByteArray(reinterpret_cast<const char*>(words), 8)
             << QStringList("#ff8000=aRgb;1;0;#ffffffff80000001");
+        QTest::newRow("document as text")
+            << "text/plain"
+            << QByteArray("<L><ColorLibrary name='x'><Color name='Sun &lt;3' uid='{Red}' value='#ff0000'/>"
+                          "<Color name='None' value='what'/></ColorLibrary></L>")
+            << QStringList("Sun <3=" + red);
         QTest::newRow("text that is none") << "text/plain" << QByteArray("Hello") << QStringList();
         QTest::newRow("something else") << "image/png" << QByteArray("PNG") << QStringList();
     }
@@ -355,6 +360,18 @@ private Q_SLOTS:
         QCOMPARE(names("Mine").mid(0, 3), QStringList({"Red", "Green", "Blue"}));
         QVERIFY(!drop(&data, "Whites")); // presets stay as they are
         m_view->undoStack()->undo();
+        QCOMPARE(names("Mine"), QStringList({"Red", "Green", "Blue"}));
+    }
+
+    void documentsThatAreNone()
+    {
+        for (const QByteArray& text :
+             {QByteArray("<ColorLibrary>"), "<ColorLibrary/>" + QByteArray("<a>").repeated(20000),
+              QByteArray("<ColorLibrary><Color value='what'/></ColorLibrary>")}) {
+            QMimeData data;
+            data.setText(text);
+            QVERIFY(!drop(&data, "Mine"));
+        }
         QCOMPARE(names("Mine"), QStringList({"Red", "Green", "Blue"}));
     }
 

@@ -1,12 +1,15 @@
 #include "LXColorLibrary.h"
+#include "OrbisProjectHelper.h"
 #include "SwatchPayload_p.h"
 
 #include <QColor>
 #include <QCoreApplication>
 #include <QDataStream>
+#include <QDomDocument>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QRgba64>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <cstring>
@@ -54,6 +57,46 @@ QStringList linesOf(const QMimeData& data)
 {
     const QString text = data.hasText() ? data.text() : QString();
     return text.size() > LongestText ? QStringList() : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+/// A document with colour lists as text, such as LXColorLibrary::createColorDoc() makes.
+bool isDocument(const QString& text)
+{
+    return text.size() <= LongestText && text.contains(QLatin1String("<ColorLibrary")) &&
+           text.trimmed().startsWith(QLatin1Char('<'));
+}
+
+/// Document models are built by functions that call themselves, so depth is looked at before.
+bool isWellFormed(const QString& text)
+{
+    constexpr int DeepestElement = 256;
+    QXmlStreamReader reader(text);
+    for (int depth = 0; !reader.atEnd() && depth <= DeepestElement;) {
+        reader.readNext();
+        depth += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
+    }
+    return reader.atEnd() && !reader.hasError();
+}
+
+QVector<Swatch> swatchesOfDocument(const QString& text)
+{
+    QVector<Swatch> swatches;
+    QDomDocument document;
+    if (!isDocument(text) || !isWellFormed(text) || !document.setContent(text))
+        return swatches;
+    OrbisProjectHelper helper;
+    QObject::connect(&helper, &OrbisProjectHelper::insertColor,
+                     [&](const QString&, const QString& name, const QString& value, const QString& originatingPreset,
+                         const QString&, const QString& vendorId) {
+                         const LXColor color = colorOfText(value);
+                         if (color.isValid())
+                             swatches.append({QString(), name, color, originatingPreset, vendorId});
+                     });
+    constexpr double CurrentVersion = 1.0;
+    QString emptyLists;
+    QStringList oldPresets;
+    helper.loadDocument(document, emptyLists, CurrentVersion, oldPresets);
+    return swatches;
 }
 
 LXColor colorOf(const QMimeData& data)
@@ -142,7 +185,8 @@ QVector<Swatch> swatchesOfPayload(const QMimeData& data, const LXColorLibrary& l
         if (color.isValid())
             return {{QString(), color.name8(), color, QString(), QString()}};
     }
-    for (const QString& line : linesOf(data)) {
+    swatches = swatchesOfDocument(data.text());
+    for (const QString& line : swatches.isEmpty() ? linesOf(data) : QStringList()) {
         const LXColor color = colorOfText(line);
         if (color.isValid())
             swatches.append({QString(), line.trimmed(), color, QString(), QString()});
@@ -154,7 +198,7 @@ bool mayHoldSwatches(const QMimeData& data)
 {
     if (data.hasFormat(QLatin1String(LXCOLOR_MIME_TYPE)) || data.hasFormat(ColorFormat))
         return true;
-    return colorOfText(linesOf(data).value(0)).isValid();
+    return colorOfText(linesOf(data).value(0)).isValid() || isDocument(data.text());
 }
 
 } // namespace lxcolor

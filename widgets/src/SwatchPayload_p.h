@@ -19,7 +19,8 @@ QVector<QPair<QString, QString>> entriesOfPayload(const QMimeData& data);
 
 /**
  * The colours of a payload, without uids: the library's own formats with names and vendor ids, a colour
- * ("application/x-color"), or text with a colour on each line. Entries that are no colour are left out.
+ * ("application/x-color"), or text: a document with colour lists, or a colour on each line. Entries that are no colour
+ * are left out.
  */
 QVector<Swatch> swatchesOfPayload(const QMimeData& data, const LXColorLibrary& library);
 /// Whether there is a format that may hold colours; text counts when its first line is one.

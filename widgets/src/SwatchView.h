@@ -23,12 +23,13 @@ class QUndoStack;
  * with its uid.
  *
  * Colours can be dragged out (in the library's formats, as application/x-color and as text), and dropped or pasted from
- * all of these. Within the library a drag moves colours, with Control it copies them.
+ * all of these; text may also be a document with colour lists. Within the library a drag moves colours, with Control it
+ * copies them.
  *
  * Keys: arrows, Enter (activates), F2 (renames), Delete, Ctrl+F (searches), Ctrl+C, Ctrl+V, Ctrl+Z, Ctrl+Shift+Z; from
  * the search field Down and Enter lead to the first colour found, and Escape ends the search.
  *
- * The library outlives nothing: when it is deleted the view is empty.
+ * The view may outlive the library, and is empty then.
  */
 class LXCOLOR_WIDGETS_EXPORT SwatchView : public QWidget
 {
