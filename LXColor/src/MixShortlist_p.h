@@ -26,7 +26,7 @@ public:
             *this = tooMany();
         if (hasTooMany())
             return;
-        const auto entry = static_cast<quint64>(number + 1);
+        const auto entry = static_cast<quint64>(number) + 1;
         if (m_first == kNone)
             m_first = entry;
         else if (m_first >> (kBitsPerWord - kBitsPerEntry) == 0)

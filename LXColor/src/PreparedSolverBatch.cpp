@@ -80,8 +80,9 @@ struct Candidate
     double luminance; ///< Negative when the mix is not valid.
 };
 
-/// What snapToRange() makes a level of 0..1 of. NaN is refused here; MixEvaluation lets it pass, but it never wins.
-bool isSnapped(double level) { return (level > kSnapFrom) & (level < kSnapTo); }
+/// Whether snapToRange() makes levels of 0..1 of both. NaN is refused here; MixEvaluation lets it pass, but it never
+/// wins.
+bool areSnapped(double a, double b) { return (a > kSnapFrom) & (a < kSnapTo) & (b > kSnapFrom) & (b < kSnapTo); }
 
 /// What it makes of such a level; -0 stays.
 double clamped(double level)
@@ -106,7 +107,7 @@ void evaluate(Candidate& candidate, const Coefficients& request, const double* Y
     double a;
     double b;
     elimination.solve(r0, r1, a, b);
-    const bool isValid = isSnapped(a) & isSnapped(b);
+    const bool isValid = areSnapped(a, b);
     candidate.a = a = clamped(a);
     candidate.b = b = clamped(b);
     levels[mix.i] = a;
