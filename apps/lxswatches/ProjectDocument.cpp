@@ -8,8 +8,12 @@
 #include <QDir>
 #include <QFile>
 #include <QHash>
+#include <QRegularExpression>
 #include <QSaveFile>
+#include <QSet>
+#include <QTextCodec>
 #include <QTextStream>
+#include <QUuid>
 #include <QVector>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
@@ -38,6 +42,8 @@ QString faultOf(const QByteArray& bytes)
             what = ProjectDocument::tr("elements are nested too deeply");
         else if (reader.isEntityReference() || (reader.isDTD() && !reader.entityDeclarations().isEmpty()))
             what = ProjectDocument::tr("entities are not supported");
+        else if (reader.isDTD() && reader.text().contains(QLatin1Char('[')))
+            what = ProjectDocument::tr("declarations of a document type are not supported");
         else if (reader.hasError())
             what = reader.errorString();
         if (!what.isEmpty())
@@ -60,11 +66,39 @@ void dropLineEndsOfInstructions(const QDomNode& parent)
     }
 }
 
+/// The text with what QXmlSimpleReader does not do: line ends of other systems become "\n", and references to
+/// characters beyond U+FFFF, of which it would keep 16 bits, become these characters.
+QString preparedText(const QByteArray& bytes)
+{
+    static const QRegularExpression reference(
+        QStringLiteral("<!--.*?-->|<!\\[CDATA\\[.*?\\]\\]>|&#(?:x([0-9a-fA-F]+)|([0-9]+));"),
+        QRegularExpression::DotMatchesEverythingOption);
+    QXmlInputSource source;
+    source.setData(bytes);
+    QString text = source.data();
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+
+    QString prepared;
+    int done = 0;
+    auto matches = reference.globalMatch(text);
+    while (matches.hasNext()) {
+        const QRegularExpressionMatch match = matches.next();
+        const uint character =
+            match.captured(1).isEmpty() ? match.captured(2).toUInt() : match.captured(1).toUInt(nullptr, 16);
+        if (character <= 0xffff || character > QChar::LastValidCodePoint)
+            continue;
+        prepared += text.midRef(done, match.capturedStart() - done);
+        prepared += QString::fromUcs4(&character, 1);
+        done = match.capturedEnd();
+    }
+    return prepared + text.midRef(done);
+}
+
 /// As it stands, with the white space between elements.
 bool parse(QDomDocument& document, const QByteArray& bytes)
 {
     QXmlInputSource source;
-    source.setData(bytes);
+    source.setData(preparedText(bytes));
     QXmlSimpleReader reader;
     reader.setFeature(QStringLiteral("http://qt-project.org/xml/features/report-whitespace-only-CharData"), true);
     QT_WARNING_PUSH
@@ -95,6 +129,34 @@ bool isTakenOver(const QDomElement& color)
 {
     const QString value = color.attribute(QStringLiteral("value"));
     return !value.isEmpty() && LXColor(value).isValid();
+}
+
+/// A colour without a uid gets one, and so does one that shares its uid, as the library would do: by these each is
+/// found again.
+void giveUids(const QDomDocument& document)
+{
+    QSet<QString> taken;
+    const QDomNodeList lists = document.elementsByTagName(kListTag);
+    for (int i = 0; i < lists.size(); ++i) {
+        for (QDomElement color : children(lists.at(i).toElement(), kColorTag)) {
+            if (!isTakenOver(color))
+                continue;
+            if (color.attribute(kUid).isEmpty() || taken.contains(color.attribute(kUid)))
+                color.setAttribute(kUid, QUuid::createUuid().toString());
+            taken.insert(color.attribute(kUid));
+        }
+    }
+}
+
+/// In encodings other than those of Unicode QDomDocument writes characters beyond U+FFFF in two halves by their
+/// numbers, which nobody can read.
+void makeUtf8WhereNeeded(const QDomDocument& document)
+{
+    static const QRegularExpression half(QStringLiteral("&#xd[89a-f][0-9a-f]{2};"));
+    static const QRegularExpression encoding(QStringLiteral("encoding\\s*=\\s*[\"'][^\"']*[\"']"));
+    QDomProcessingInstruction declaration = document.firstChild().toProcessingInstruction();
+    if (document.toString(-1).contains(half))
+        declaration.setData(declaration.data().replace(encoding, QStringLiteral("encoding='UTF-8'")));
 }
 
 bool isBlank(const QDomNode& node) { return node.isText() && node.nodeValue().trimmed().isEmpty(); }
@@ -217,24 +279,32 @@ QString ProjectDocument::open(const QString& path, LXColorLibrary& library)
     if (!fault.isEmpty())
         return tr("“%1” is not a project document: %2.").arg(native(path), fault);
 
+    giveUids(document);
     QString remark; // on empty lists, which are nothing to complain about
     if (!library.loadDocument(document, remark, versionOf(document), QLatin1String(ORBIS_APPLICATION_ID)))
         return tr("The library has no list for the colours of a project.");
     m_document = document;
+    m_hasCarriageReturns = bytes.contains("\r\n") || bytes.contains(QByteArray("\r\0\n", 3));
     return {};
 }
 
 QByteArray ProjectDocument::bytes(LXColorLibrary& library)
 {
+    // The document stays as it was opened: a colour that was deleted may come back, and then has its place.
+    QDomDocument document = m_document.cloneNode(true).toDocument();
     QDomDocument scratch;
-    SectionWriter(m_document).write(sectionOf(library, scratch));
+    SectionWriter(document).write(sectionOf(library, scratch));
+    makeUtf8WhereNeeded(document);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QTextStream stream(&buffer);
-    m_document.save(stream, -1, QDomNode::EncodingFromDocument);
+    document.save(stream, -1, QDomNode::EncodingFromDocument);
     stream.flush();
-    return bytes;
+    if (!m_hasCarriageReturns)
+        return bytes;
+    QString text = stream.codec()->toUnicode(bytes);
+    return stream.codec()->fromUnicode(text.replace(QLatin1Char('\n'), QLatin1String("\r\n")));
 }
 
 QString ProjectDocument::save(const QString& path, LXColorLibrary& library)

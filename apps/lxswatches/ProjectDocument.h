@@ -34,7 +34,8 @@ public:
     static QString colorsOf(LXColorLibrary& library);
 
 private:
-    QDomDocument m_document;
+    QDomDocument m_document; ///< As it was opened, but for uids that were missing or shared.
+    bool m_hasCarriageReturns = false;
 };
 
 #endif

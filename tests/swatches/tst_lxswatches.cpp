@@ -377,6 +377,58 @@ private Q_SLOTS:
         }
     }
 
+    void documentsOfOtherPrograms_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QList<QByteArray>>("kept");
+        const QByteArray list = "<ColorLibrary name=\"L\">";
+        QTest::newRow("line ends of another system")
+            << QByteArray("<Show>\r\n<T>a\r\nb</T>\r\n" + list + "</ColorLibrary>\r\n</Show>\r\n")
+            << QList<QByteArray>{"<T>a\r\nb</T>\r\n"};
+        QTest::newRow("characters beyond 16 bits by number")
+            << QByteArray("<Show><!-- &#128512; --><T a=\"&#x1F3A8;\">&#128512;</T><![CDATA[&#128512;]]>" + list +
+                          "<Color uid=\"{a}\" name=\"&#x1F3A8; paint\" value=\"#ff0000\"/></ColorLibrary></Show>")
+            << QList<QByteArray>{"<!-- &#128512; -->", "<T a=\"\xf0\x9f\x8e\xa8\">\xf0\x9f\x98\x80</T>",
+                                 "<![CDATA[&#128512;]]>", "\xf0\x9f\x8e\xa8 paint"};
+        QTest::newRow("such characters in an encoding without them")
+            << QByteArray("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><Show>\xe9" + list +
+                          "<Color uid=\"{a}\" name=\"&#x1F3A8;\" value=\"#ff0000\"/></ColorLibrary></Show>")
+            << QList<QByteArray>{"UTF-8", "\xc3\xa9", "\xf0\x9f\x8e\xa8"};
+        QTest::newRow("colours without a uid, or with the same")
+            << QByteArray("<Show><ColorLibrary name=\"x\"><Color name=\"n\" value=\"#ff0000\" note=\"n\"><c/></Color>"
+                          "<Color uid=\"{a}\" name=\"a\" value=\"#00ff00\"/></ColorLibrary><ColorLibrary name=\"y\">"
+                          "<Color uid=\"{a}\" name=\"b\" value=\"#0000ff\" note=\"b\"/></ColorLibrary></Show>")
+            << QList<QByteArray>{"note=\"n\"", "<c/>", "note=\"b\"", "name=\"a\"", "name=\"b\""};
+    }
+
+    // Opened, saved, a colour deleted, saved, that undone, and saved again.
+    void documentsOfOtherPrograms()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QList<QByteArray>, kept);
+        const QString path = write("others.xml", content);
+        QVERIFY(m_window->openDocument(path));
+        const QStringList names = colorsOf("Project Swatches");
+        press(Qt::Key_S, Qt::ControlModifier);
+        const QByteArray once = bytesOf(path);
+        for (const QByteArray& text : kept)
+            QVERIFY2(once.contains(text), text + '\n' + once);
+        QVERIFY(QDomDocument().setContent(once));
+        if (!names.isEmpty()) {
+            click(names.last());
+            QTest::keyClick(tree(), Qt::Key_Delete);
+            press(Qt::Key_S, Qt::ControlModifier);
+            QVERIFY(bytesOf(path) != once);
+            press(Qt::Key_Z, Qt::ControlModifier);
+        }
+        press(Qt::Key_S, Qt::ControlModifier);
+        const QByteArray again = bytesOf(path);
+        for (const QByteArray& text : kept)
+            QVERIFY2(again.contains(text), text + '\n' + again);
+        QVERIFY(m_window->openDocument(path));
+        QCOMPARE(colorsOf("Project Swatches"), names);
+    }
+
     void badFiles_data()
     {
         QTest::addColumn<QByteArray>("bytes");

@@ -1167,6 +1167,10 @@
         <translation>die Elemente sind zu tief verschachtelt</translation>
     </message>
     <message>
+        <source>declarations of a document type are not supported</source>
+        <translation>Deklarationen eines Dokumenttyps werden nicht unterstützt</translation>
+    </message>
+    <message>
         <source>entities are not supported</source>
         <translation>Entitäten werden nicht unterstützt</translation>
     </message>
