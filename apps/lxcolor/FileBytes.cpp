@@ -3,6 +3,7 @@
 #include "CommandError.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 QByteArray readFile(const QString& path, qint64 most)
@@ -20,6 +21,11 @@ QByteArray readFile(const QString& path, qint64 most)
 
 void replaceFile(const QString& path, const QByteArray& bytes)
 {
+    // A device or a pipe would be replaced by a file of its name.
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        throw CommandError(QStringLiteral("cannot write %1: it is no file").arg(quoted(path)),
+                           CommandError::Surroundings);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         throw CommandError(QStringLiteral("cannot write %1: %2").arg(quoted(path), file.errorString()),

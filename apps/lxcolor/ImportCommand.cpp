@@ -50,9 +50,12 @@ Import importOf(const SubcommandLine& line, const QString& file)
     import.reading = readMeasurement(file, line.value(QStringLiteral("unit")));
     const QStringList channels = line.value(QStringLiteral("channels")).split(QLatin1Char(','), Qt::SkipEmptyParts);
     import.assignment = FixtureImport::assign(import.reading.emitters, import.profile, channels);
-    if (!import.assignment.isComplete)
-        throw CommandError(
-            QStringLiteral("%1: %2; --channels states them").arg(printable(file), printable(import.assignment.error)));
+    if (!import.assignment.isComplete) {
+        const QString leftOut = import.reading.remarks.join(QLatin1Char(' '));
+        throw CommandError(QStringLiteral("%1: %2; --channels states them%3")
+                               .arg(printable(file), printable(import.assignment.error),
+                                    leftOut.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(printable(leftOut))));
+    }
     const QByteArray earlier =
         QFileInfo::exists(import.out) ? readFile(import.out, FixtureImport::largestFile) : QByteArray();
     import.database = FixtureImport::writeProfile(earlier, import.profile, import.assignment.channels,
@@ -132,7 +135,7 @@ void runImport(const QStringList& arguments)
     line.addValue(
         QStringLiteral("channels"), QStringLiteral("A,B,C..."),
         QStringLiteral("The emitter of each channel of the fixture in their order, by its name in FILE or its "
-                       "number from 1. By default found by names and colours."));
+                       "number from 1, what is left out not counted. By default found by names and colours."));
     line.addValue(
         QStringLiteral("unit"), QStringLiteral("UNIT"),
         QStringLiteral("The unit of a table that does not state it: cd, cd/m2, lx, lm or relative; of spectra "

@@ -1,11 +1,11 @@
 #include "PictureFile.h"
 
 #include "CommandError.h"
+#include "FileBytes.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 namespace {
@@ -55,10 +55,8 @@ PictureFile::PictureFile(const QString& path)
 void PictureFile::write(const QString& title, QSize size, const std::function<void(QPainter&)>& paint) const
 {
     const QByteArray bytes = m_isSvg ? svgOf(title, size, paint) : pngOf(size, paint);
-    QSaveFile file(m_path);
-    if (bytes.isEmpty() || !file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw CommandError(QStringLiteral("cannot write %1: %2")
-                               .arg(quoted(m_path), bytes.isEmpty() ? QStringLiteral("the picture could not be painted")
-                                                                    : file.errorString()),
+    if (bytes.isEmpty())
+        throw CommandError(QStringLiteral("cannot write %1: the picture could not be painted").arg(quoted(m_path)),
                            CommandError::Surroundings);
+    replaceFile(m_path, bytes);
 }
