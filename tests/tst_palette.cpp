@@ -166,7 +166,7 @@ private Q_SLOTS:
             << Id::Gpl
             << QByteArray("GIMP Palette\r\nName: Gels\r\nColumns: 4\r\n# by hand\r\n 70 130 180\tsteel # blue\r\n"
                           "\r\n255 0 0\r\n")
-            << QStringList{"Gels/steel # blue #46468282b4b4", "Gels/ #ffff00000000"} << "";
+            << QStringList{"Gels/steel # blue #46468282b4b4", "Gels/ #ffff00000000"} << "other 2";
         QTest::newRow("gpl, not UTF-8") << Id::Gpl << QByteArray("GIMP Palette\n1 2 3 caf\xe9\n")
                                         << QStringList{QString::fromUtf8("loose/caf\xc3\xa9 #010102020303")}
                                         << "encoding 1";

@@ -9,6 +9,8 @@ namespace lxcolor {
 namespace {
 
 const QString kMagic = QStringLiteral("GIMP Palette");
+const QString kExplanation =
+    QStringLiteral("Each comment \"lxcolor\" tells more about the colour below it; keep them together.");
 
 QString numbersOf(const LXColor& rgb)
 {
@@ -48,16 +50,24 @@ private:
                 throw fault(PaletteFormat::tr("This is no such palette: the first line is not \"%1\"").arg(kMagic), 1,
                             0);
         } else if (trimmed.startsWith(QLatin1Char('#'))) {
-            m_hasColors = m_comments.take(trimmed.mid(1).trimmed()) || m_hasColors;
+            readComment(trimmed.mid(1).trimmed());
         } else if (!m_hasColors && trimmed.startsWith(QLatin1String("Name:"))) {
             m_name = trimmed.mid(5).trimmed();
             m_builder.setListName(m_name);
         } else if (!m_hasColors && trimmed.startsWith(QLatin1String("Columns:"))) {
-            // How another program lays the colours out.
+            m_builder.remarks().add(PaletteFormat::Code::Other); // how another program lays the colours out
         } else if (!trimmed.isEmpty()) {
             m_hasColors = true;
             readColor(line, number);
         }
+    }
+
+    void readComment(const QString& comment)
+    {
+        if (m_comments.take(comment))
+            m_hasColors = true;
+        else if (!comment.isEmpty() && comment != kExplanation)
+            m_builder.remarks().add(PaletteFormat::Code::Other);
     }
 
     void readColor(const QString& line, qint64 number)
@@ -98,7 +108,7 @@ QByteArray writeGpl(const Palette& palette, PaletteRemarks& /*remarks*/)
     QString text = kMagic + QLatin1Char('\n');
     if (!palette.lists.isEmpty())
         text += QStringLiteral("Name: %1\n").arg(onOneLine(palette.lists.first().name));
-    text += QLatin1String("#\n# Each comment \"lxcolor\" tells more about the colour below it; keep them together.\n");
+    text += QLatin1String("#\n# ") + kExplanation + QLatin1Char('\n');
     for (const Palette::List& list : palette.lists) {
         text += QLatin1String("# ") + listComment(list) + QLatin1Char('\n');
         for (const Palette::Entry& entry : list.entries) {
