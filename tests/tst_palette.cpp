@@ -184,6 +184,9 @@ private Q_SLOTS:
         QTest::newRow("csv, value and numbers differ")
             << Id::Csv << QByteArray("value,red,green,blue\n\"#102030\",1,2,3\nnothing,1,2,3\n")
             << QStringList{"loose/ #101020203030"} << "unreadable-value 1, edited 1";
+        QTest::newRow("csv, another alpha than that of the value")
+            << Id::Csv << QByteArray("value,alpha\n#ff0000,128\n#80ff0000,128\n#00ff00,\n")
+            << QStringList{"loose/ #ffff00000000", "loose/ #ffff00000000", "loose/ #0000ffff0000"} << "edited 1";
         QTest::newRow("css, all ways to write a colour")
             << Id::Css
             << QByteArray(
@@ -192,6 +195,11 @@ private Q_SLOTS:
             << QStringList{"loose/a #ffff00000000", "loose/b #111122223333", "loose/c #00008080ffff",
                            "loose/d #ffff00000000", "loose/e #46468282b4b4"}
             << "other 3";
+        QTest::newRow("css, colours among others or made of other properties")
+            << Id::Css
+            << QByteArray("a{--a:rgba(var(--b),.5);--b: #fff 0 1px 2px;--c:rgb(255 0 0), rgb(1 2 3);"
+                          "--d:rgb(none 0 255)}")
+            << QStringList{"loose/d #00000000ffff"} << "other 3";
         QTest::newRow("document, a project")
             << Id::Document
             << QByteArray("<show><a/><ColorLibrary name='l'><Color name='r' value='red'/>"

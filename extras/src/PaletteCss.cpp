@@ -115,12 +115,13 @@ private:
         m_comments.addColor(property.mid(2), shown, color);
     }
 
-    /// The colour of a value; an invalid one where it is none.
+    /// The colour of a value; an invalid one where it is none, or one among others, or is made of other properties.
     LXColor colorOf(const QString& value, int start) const
     {
         static const QRegularExpression hex(QStringLiteral("\\A#([0-9a-f]{3}|[0-9a-f]{4}|[0-9a-f]{6}|[0-9a-f]{8})\\z"));
-        static const QRegularExpression function(QStringLiteral("\\Argba?\\((.*)\\)\\z"));
-        if (value.startsWith(QLatin1Char('#'))) {
+        static const QRegularExpression function(QStringLiteral("\\Argba?\\(([^()]*)\\)\\z"));
+        static const QRegularExpression blank(QStringLiteral("\\s"));
+        if (value.startsWith(QLatin1Char('#')) && !value.contains(blank)) {
             const QRegularExpressionMatch match = hex.match(value);
             if (!match.hasMatch())
                 fault(PaletteFormat::tr("\"#\" and 3, 4, 6 or 8 hexadecimal digits are expected"), start);
@@ -155,7 +156,11 @@ private:
         for (int i = 0; i < texts.size(); ++i) {
             const bool isPercent = texts.at(i).endsWith(QLatin1Char('%'));
             bool isNumber = false;
-            const double number = texts.at(i).left(texts.at(i).size() - (isPercent ? 1 : 0)).toDouble(&isNumber);
+            double number = texts.at(i).left(texts.at(i).size() - (isPercent ? 1 : 0)).toDouble(&isNumber);
+            if (texts.at(i) == QLatin1String("none")) {
+                isNumber = true;
+                number = 0.0;
+            }
             const double ratio = number / (isPercent ? 100.0 : i == 3 ? 1.0 : 255.0);
             if (!isNumber || !(ratio >= 0.0 && ratio <= 1.0))
                 fault(PaletteFormat::tr("Red, green, blue and perhaps alpha are expected"), start);

@@ -98,8 +98,13 @@ private:
         QString value = textOf(row, Value);
         const bool hasNumbers = m_hasNumbers && !(textOf(row, Red).isEmpty() && textOf(row, Green).isEmpty() &&
                                                   textOf(row, Blue).isEmpty() && !value.isEmpty());
-        if (!hasNumbers)
+        if (!hasNumbers) {
+            if (textOf(row, Alpha).isEmpty())
+                return value;
+            const LXColor color = LXColor(value);
+            m_builder.remarks().add(Code::Edited, color.isValid() && color.alpha8() != levelOf(row, Alpha) ? 1 : 0);
             return value;
+        }
         const LXColor numbers = LXColor::fromRgb8(levelOf(row, Red), levelOf(row, Green), levelOf(row, Blue),
                                                   levelOf(row, Alpha, 255), ColorUtils::ProfileGenericRGB);
         if (value.isEmpty())
