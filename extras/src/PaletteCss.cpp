@@ -181,6 +181,9 @@ QString propertyName(const QString& name, QHash<QString, int>& taken)
 {
     static const QRegularExpression others(QStringLiteral("[^A-Za-z0-9_\\x{80}-\\x{d7ff}]+"));
     QString base = name;
+    // Of these some are not ASCII; at the end of a name they would be lost.
+    std::replace_if(
+        base.begin(), base.end(), [](QChar c) { return c.isSpace(); }, QLatin1Char('-'));
     base.replace(others, QStringLiteral("-"));
     if (base.isEmpty())
         base = QStringLiteral("color");
