@@ -575,11 +575,4 @@ void updateColor(Color& current, const Color& incoming)
     }
 }
 
-QList<quint8> expandFor5Channels(const QList<quint8>& bytes)
-{
-    if (bytes.size() != 3 && bytes.size() != 6)
-        return {};
-    return bytes + bytes.mid(0, bytes.size() / 3 * 2);
-}
-
 } // namespace reference

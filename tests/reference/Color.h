@@ -179,7 +179,6 @@ QVector<double> outputLevels(bool& converted, const Color& color, bool allowRgbP
 QList<quint8> updateBuffer(int directCurve, int onboardCurve, const Color& color, bool allowRgbPassThrough, int count,
                            int resolution, int mode, ProfileId target);
 void updateColor(Color& current, const Color& incoming);
-QList<quint8> expandFor5Channels(const QList<quint8>& bytes);
 
 } // namespace reference
 
