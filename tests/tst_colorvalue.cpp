@@ -1,3 +1,4 @@
+// The colour value, where tst_reference does not compare it with its model already.
 #include "LXColor.h"
 #include "Support.h"
 
@@ -31,23 +32,14 @@ private Q_SLOTS:
         const auto row = [&](const char* name, const LXColor& color, const char* text) {
             rows(name, color.aName(), QString(text));
         };
-        row("8 bits repeat", LXColor::fromRgb8(255, 128, 0, 1, CU::ProfileGenericRGBW), "aRgb;1;3;#0101ffff80800000");
         row("16 bits stay", LXColor(0x1234, 0x5678, 0x9abc, 0xdef0), "aRgb;1;0;#def0123456789abc");
-        row("a ratio rounds", LXColor::fromRgbF(0.5, 1.0, 0.0, 0.25, CU::ProfileNone), "aRgb;1;-1;#40008000ffff0000");
         row("a pixel is opaque", LXColor(QRgb(0x80112233u)), "aRgb;1;0;#ffff111122223333");
         row("fromRgb is opaque", LXColor::fromRgb(0x80112233u), "aRgb;1;0;#ffff111122223333");
         row("fromRgba has alpha", LXColor::fromRgba(0x80112233u), "aRgb;1;0;#8080111122223333");
         row("QColor", LXColor(QColor(1, 2, 3, 4)), "aRgb;1;0;#0404010102020303");
-        row("transparent", LXColor(Qt::transparent), "aRgb;1;0;#0000000000000000");
         row("there and back", LXColor(LXColor::toRgb(LXColor(QColor(1, 2, 3, 4)))), "aRgb;1;0;#ffff010102020303");
         row("gray has a blue tinge", LXColor(Qt::gray), "aRgb;1;0;#ffffa0a0a0a0a4a4");
         row("chromaticity", LXColor(0.3, 7.5), "aYxy;1;0;65535;1.000000;0.300000;7.500000");
-        row("order of fromxyY", LXColor::fromxyY(0.3127, 0.329, 0.5, kProfile), "aYxy;1;6;65535;0.500000;0.312700;0.329000");
-        row("levels", nChannel({9, 1, 2, 3, 65535}), "aNchannel;3;6;9;1;2;3;65535;0");
-        row("achromatic is grey", LXColor::fromHsv8(-1, 0, 128, 255, kProfile), "aRgb;1;6;#ffff808080808080");
-        row("no saturation, any hue", LXColor::fromHsv8(77, 0, 128, 255, kProfile), "aRgb;1;6;#ffff808080808080");
-        row("360 degrees are 0", LXColor::fromHsvF(1.0, 1, 1, 1, kProfile), "aRgb;1;6;#ffffffff00000000");
-        row("invalid", LXColor(), "");
         uint rgb[] = {1, 2, 3};
         LXColor fromArray = LXColor::fromRgb8(0, 0, 0, 0, kProfile);
         fromArray.setRgb16(rgb, CU::ProfilePixelNodeRGB);
@@ -80,37 +72,6 @@ private Q_SLOTS:
         }
         QVERIFY(!LXColor(static_cast<Qt::GlobalColor>(20)).isValid());
         QVERIFY(!LXColor(static_cast<Qt::GlobalColor>(31)).isValid());
-    }
-
-    void hues_data()
-    {
-        // clang-format off
-        const Rows<Make, double, int, int> rows;
-        const auto row = [&](const char* name, const LXColor& color, double hundredths, int hue8, int hue) {
-            rows(name, Make([=] { return color; }), (hundredths < 0 ? -1.0 : hundredths / 36000.0), hue8, hue);
-        };
-        row("red", LXColor(Qt::red), 0, 0, 0);
-        row("red wins over green", LXColor(Qt::yellow), 6000, 60, 60);
-        row("grey is achromatic", LXColor(Qt::lightGray), -1, -1, -1);
-        row("a trace of blue rounds up to the full circle", LXColor(65535, 0, 1, 65535), 36000, 359, 360);
-        row("rounded", hsvHue(1250), 1250, 13, 12);
-        row("never 360", hsvHue(35960), 35960, 359, 359);
-        row("stored full circle", hsvHue(36000), 36000, 359, 360);
-        row("modulo 360", [] { LXColor c; c.setHsv16(400, 1, 1, 1, kProfile); return c; }(), 4000, 40, 40);
-        row("set to 360", [] { LXColor c; c.setHsv8(360, 1, 1, 1, kProfile); return c; }(), 0, 0, 0);
-        // clang-format on
-    }
-    void hues()
-    {
-        const auto [make, hueF, hue8, hueOfGetter] = fetched<Make, double, int, int>();
-        const LXColor color = make();
-        QCOMPARE(color.hueF(), hueF);
-        QCOMPARE(color.hue8(), hue8);
-        QCOMPARE(color.hue16(), hue8);
-        int h = 0;
-        uint s = 0, v = 0;
-        color.getHsv16(&h, &s, &v, nullptr);
-        QCOMPARE(h, hueOfGetter);
     }
 
     void refusals_data()
@@ -206,6 +167,7 @@ private Q_SLOTS:
         QVERIFY(LXColor() != LXColor());
         QCOMPARE(hsvHue(0), hsvHue(36000));
         QVERIFY(hsvHue(0) != hsvHue(1));
+        QCOMPARE(LXColor(65535, 0, 1, 65535).hueF(), 1.0); // a trace of blue rounds up to the full circle
         const LXColor yxy = LXColor(qQNaN(), 0.3);
         QVERIFY(yxy != yxy);
         LXColor levels = nChannel({65535, 1, 2});
@@ -296,20 +258,13 @@ private Q_SLOTS:
         const Rows<QString, QString> rows;
         const auto row = [&](const char* text, const char* written) { rows(text, text, written); };
         row("#ff0000", "aRgb;1;0;#ffffffff00000000");
-        row("#80fF0000", "aRgb;1;0;#8080ffff00000000");
-        row("#123456789abc", "aRgb;1;0;#ffff123456789abc");
-        row("#def0123456789abc", "aRgb;1;0;#def0123456789abc");
-        row("steelblue", "aRgb;1;0;#ffff46468282b4b4");
         row("Steel Blue", "aRgb;1;0;#ffff46468282b4b4");
         row("transparent", "aRgb;1;0;#0000000000000000");
         row("aRgb;3;7;#ffff000000000000", "aRgb;1;0;#ffff000000000000"); // configuration and profile are lost
         row("aRgb;x;y;#ff0000", "aRgb;1;0;#ffffffff00000000");
-        row("aYxy;3;5;65535;0.5;0.3;0.3", "aYxy;3;0;65535;0.500000;0.300000;0.300000");
         row("aYxy;1;0;65535;1.000000;0.312700;0.329000", "aYxy;1;0;65535;1.000000;0.312700;0.329000");
         row("aYxy;9;0;-1;x;1e-1;", "aYxy;9;0;0;0.000000;0.100000;0.000000");
-        row("aNchannel;3;6;65535;100;200;300;400;1", "aNchannel;3;6;65535;100;200;300;400;1");
         row("aNchannel;-2;99;5;70000;x;;4294967295", "aNchannel;-2;99;5;65535;0;0;4294967295");
-        row("aNchannel;3;6;7;0", "aNchannel;3;6;7;0");
         // clang-format on
     }
     void valueStrings()
@@ -327,12 +282,7 @@ private Q_SLOTS:
         // clang-format off
         // argb: empty: a component is out of range
         const Rows<QString, bool, QVector<uint>> row;
-        row("two digits repeat", "#AB00cd", true, QVector<uint>{0xffff, 0xabab, 0, 0xcdcd});
-        row("with alpha", "#01AB00cd", true, QVector<uint>{0x0101, 0xabab, 0, 0xcdcd});
-        row("four digits", "#0123456789aB", true, QVector<uint>{0xffff, 0x0123, 0x4567, 0x89ab});
         row("four with alpha", "#FFFE0123456789aB", true, QVector<uint>{0xfffe, 0x0123, 0x4567, 0x89ab});
-        row("no digits", "#", true, QVector<uint>{});
-        row("seven digits", "#1234567", true, QVector<uint>{});
         row("bad high digit", "#/10000", true, QVector<uint>{});
         row("bad low digit", "#0:0000", true, QVector<uint>{});
         row("bad last digit", "#00000000000G", true, QVector<uint>{});
