@@ -44,6 +44,12 @@ const QVector<Emitter>& rgbw()
     return all;
 }
 
+/// Line and column of the error.
+QString placeOf(const FixtureImport::Reading& reading)
+{
+    return QStringLiteral("%1:%2").arg(reading.error.line).arg(reading.error.column);
+}
+
 QByteArray gdtf(const QByteArray& emitters)
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<GDTF DataVersion=\"1.2\"><FixtureType Name=\"t\">"
@@ -108,82 +114,67 @@ DocumentChecker::Report checked(QByteArray content)
 
 } // namespace
 
-class tst_fixtureimport : public QuietTest
+class TestFixtureImport : public QuietTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void measurements_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("stated");
-        QTest::addColumn<Source>("source");
-        QTest::addColumn<QString>("unit");
-        QTest::addColumn<QStringList>("emitters");
-        QTest::addColumn<QStringList>("remarks"); // what each contains
+        // content, stated unit, source, unit, emitters, what each remark contains
+        const Rows<QByteArray, QString, Source, QString, QStringList, QStringList> row;
         const QStringList two{"Rot 0.6915 0.3081 148.2", "B 0.1402 0.0498 41.6"};
-        QTest::newRow("csv, x y Y, semicolons and decimal commas")
-            << QByteArray("\xef\xbb\xbf# bench\n\nEmitter;x;y;Y "
-                          "(cd/m\xc2\xb2);note\r\nRot;0,6915;0,3081;148,2;ok\r\nB;0,1402;0,0498;41,6;\r\n")
-            << "" << Source::Csv << "cd/m2" << two << QStringList();
-        QTest::newRow("csv, quoted decimal commas, unit in a comment and by the caller")
-            << QByteArray(
-                   "# Unit: lux\nname,x,y,Y\nRot,\"0,6915\",\"0,3081\",\"148,2\"\nB,\"0,1402\",\"0,0498\",\"41,6\"\n")
-            << "lx" << Source::Csv << "lx" << two << QStringList();
-        QTest::newRow("csv, X Y Z beside others, a little noise")
-            << QByteArray("LED,CCT,x,y,X,Y [lm],Z\nr,,.1,.1,200,100,-0.1\n") << "" << Source::Csv << "lm"
-            << QStringList{"r 0.6667 0.3333 100"} << QStringList{"r: X or Z"};
-        QTest::newRow("cgats, x y Y, decimal commas")
-            << cgats("UNIT \"cd\"\nNUMBER_OF_SETS 2 # two\nBEGIN_DATA_FORMAT\nSAMPLE_NAME XYY_X XYY_Y XYY_CAPY\n",
-                     "Rot 0,6915 0,3081 148,2\n\"B\" 0,1402 0,0498 4,16e1\n")
-            << "" << Source::Cgats << "cd" << two << QStringList();
-        QTest::newRow("cgats, X Y Z, a second table")
-            << cgats("BEGIN_DATA_FORMAT\nSAMPLE_ID XYZ_X XYZ_Y XYZ_Z\n", "w 95.047 100 108.883\n") +
-                   "BEGIN_DATA\nx 1 2 3\nEND_DATA\n"
-            << "nit" << Source::Cgats << "cd/m2" << QStringList{"w 0.3127 0.3290 100"} << QStringList{"first table"};
+        row("csv, x y Y, semicolons and decimal commas",
+            "\xef\xbb\xbf# bench\n\nEmitter;x;y;Y "
+            "(cd/m\xc2\xb2);note\r\nRot;0,6915;0,3081;148,2;ok\r\nB;0,1402;0,0498;41,6;\r\n",
+            "", Source::Csv, "cd/m2", two, {});
+        row("csv, quoted decimal commas, unit in a comment and by the caller",
+            "# Unit: lux\nname,x,y,Y\nRot,\"0,6915\",\"0,3081\",\"148,2\"\nB,\"0,1402\",\"0,0498\",\"41,6\"\n", "lx",
+            Source::Csv, "lx", two, {});
+        row("csv, X Y Z beside others, a little noise", "LED,CCT,x,y,X,Y [lm],Z\nr,,.1,.1,200,100,-0.1\n", "",
+            Source::Csv, "lm", {"r 0.6667 0.3333 100"}, {"r: X or Z"});
+        row("cgats, x y Y, decimal commas",
+            cgats("UNIT \"cd\"\nNUMBER_OF_SETS 2 # two\nBEGIN_DATA_FORMAT\nSAMPLE_NAME XYY_X XYY_Y XYY_CAPY\n",
+                  "Rot 0,6915 0,3081 148,2\n\"B\" 0,1402 0,0498 4,16e1\n"),
+            "", Source::Cgats, "cd", two, {});
+        row("cgats, X Y Z, a second table",
+            cgats("BEGIN_DATA_FORMAT\nSAMPLE_ID XYZ_X XYZ_Y XYZ_Z\n", "w 95.047 100 108.883\n") +
+                "BEGIN_DATA\nx 1 2 3\nEND_DATA\n",
+            "nit", Source::Cgats, "cd/m2", {"w 0.3127 0.3290 100"}, {"first table"});
         // x, y of A (CIE 15), of equal energy, and of the spectral locus at 555 nm; the sums of the observer.
-        QTest::newRow("csv, spectra in columns")
-            << spectralColumns() << "" << Source::Csv << "W/m2/nm"
-            << QStringList{"A 0.4476 0.4074 10790", "E 0.3333 0.3333 106.86", "line 0.3374 0.6588 0.99997"}
-            << QStringList();
-        QTest::newRow("cgats, spectra in rows") << spectralRows() << "" << Source::Cgats << "mW/m2/nm"
-                                                << QStringList{"lamp A 0.4476 0.4074 10790"} << QStringList();
-        QTest::newRow("gdtf, spectra and colours by candela, ultraviolet, at 80 %")
-            << gdtf("<Emitter Name=\"A\" Color=\"0.1,0.1,5\"><Measurement Physical=\"10\" LuminousIntensity=\"9\"/>"
-                    "<Measurement Physical=\"80\" LuminousIntensity=\"1200\">" +
-                    points(illuminantA) +
-                    "</Measurement></Emitter>"
-                    "<Emitter Name=\"R\" Color=\"0.69,0.305,1\"><Measurement Physical=\"80\" "
-                    "LuminousIntensity=\"300\"/></Emitter>"
-                    "<Emitter Name=\"C\" DominantWaveLength=\"500\"><Measurement Physical=\"80\" "
-                    "LuminousIntensity=\"7\"/></Emitter>"
-                    "<Emitter Name=\"N\" Color=\"0.3,0.3,1\"/><Emitter Name=\"UV\" DominantWaveLength=\"365\"/>")
-            << "" << Source::GdtfDescription << "cd"
-            << QStringList{"A 0.4476 0.4074 1200", "R 0.6900 0.3050 300", "C 0.0082 0.5384 7"}
-            << QStringList{"UV is left out", "C has no Color", "N is left out", "at 80 %"};
-        QTest::newRow("gdtf, colours alone")
-            << gdtf("<Emitter Name=\"R\" Color=\"0.69,0.305,21.5\"/><Emitter Name=\"W\" Color=\"0.32, 0.335, 60\"/>")
-            << "" << Source::GdtfDescription << "relative" << QStringList{"R 0.6900 0.3050 21.5", "W 0.3200 0.3350 60"}
-            << QStringList();
-        QTest::newRow("gdtf, spectra alone")
-            << gdtf("<Emitter Name=\"E\"><Measurement Physical=\"100\">" + points(equalEnergy) +
-                    "</Measurement></Emitter>")
-            << "" << Source::GdtfDescription << "W/m2/nm" << QStringList{"E 0.3333 0.3333 106.86"} << QStringList();
+        row("csv, spectra in columns", spectralColumns(), "", Source::Csv, "W/m2/nm",
+            {"A 0.4476 0.4074 10790", "E 0.3333 0.3333 106.86", "line 0.3374 0.6588 0.99997"}, {});
+        row("cgats, spectra in rows", spectralRows(), "", Source::Cgats, "mW/m2/nm", {"lamp A 0.4476 0.4074 10790"},
+            {});
+        row("gdtf, spectra and colours by candela, ultraviolet, at 80 %",
+            gdtf("<Emitter Name=\"A\" Color=\"0.1,0.1,5\"><Measurement Physical=\"10\" LuminousIntensity=\"9\"/>"
+                 "<Measurement Physical=\"80\" LuminousIntensity=\"1200\">" +
+                 points(illuminantA) +
+                 "</Measurement></Emitter>"
+                 "<Emitter Name=\"R\" Color=\"0.69,0.305,1\"><Measurement Physical=\"80\" "
+                 "LuminousIntensity=\"300\"/></Emitter>"
+                 "<Emitter Name=\"C\" DominantWaveLength=\"500\"><Measurement Physical=\"80\" "
+                 "LuminousIntensity=\"7\"/></Emitter>"
+                 "<Emitter Name=\"N\" Color=\"0.3,0.3,1\"/><Emitter Name=\"UV\" DominantWaveLength=\"365\"/>"),
+            "", Source::GdtfDescription, "cd", {"A 0.4476 0.4074 1200", "R 0.6900 0.3050 300", "C 0.0082 0.5384 7"},
+            {"UV is left out", "C has no Color", "N is left out", "at 80 %"});
+        row("gdtf, colours alone",
+            gdtf("<Emitter Name=\"R\" Color=\"0.69,0.305,21.5\"/><Emitter Name=\"W\" Color=\"0.32, 0.335, 60\"/>"), "",
+            Source::GdtfDescription, "relative", {"R 0.6900 0.3050 21.5", "W 0.3200 0.3350 60"}, {});
+        row("gdtf, spectra alone",
+            gdtf("<Emitter Name=\"E\"><Measurement Physical=\"100\">" + points(equalEnergy) +
+                 "</Measurement></Emitter>"),
+            "", Source::GdtfDescription, "W/m2/nm", {"E 0.3333 0.3333 106.86"}, {});
     }
     void measurements()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, stated);
-        QFETCH(QString, unit);
-        QFETCH(QStringList, remarks);
+        const auto [content, stated, source, unit, emitters, remarks] =
+            fetched<QByteArray, QString, Source, QString, QStringList, QStringList>();
         const auto reading = FixtureImport::read(content, stated);
-        QVERIFY2(
-            reading.isRead,
-            qPrintable(
-                QStringLiteral("%1:%2 %3").arg(reading.error.line).arg(reading.error.column).arg(reading.error.text)));
-        QTEST(reading.source, "source");
+        QVERIFY2(reading.isRead, qPrintable(placeOf(reading) + ' ' + reading.error.text));
+        QCOMPARE(reading.source, source);
         QCOMPARE(reading.unit, unit);
-        QTEST(shown(reading.emitters), "emitters");
+        QCOMPARE(shown(reading.emitters), emitters);
         QCOMPARE(reading.remarks.size(), remarks.size());
         for (int i = 0; i < remarks.size(); ++i)
             QVERIFY2(reading.remarks[i].contains(remarks[i]), qPrintable(reading.remarks[i]));
@@ -192,12 +183,9 @@ private Q_SLOTS:
     // One defect each.
     void faults_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("stated");
-        QTest::addColumn<QString>("place");
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char* name, const QByteArray& content, const char* place, const char* text,
-                            const char* stated = "") { QTest::newRow(name) << content << stated << place << text; };
+        const Rows<QByteArray, QString, QString, QString> rows;
+        const auto row = [&](const char* name, const QByteArray& content, const char* place, const char* text,
+                             const char* stated = "") { rows(name, content, place, text, stated); };
         const QByteArray heads = "name;x;y;Y (cd)\n";
         row("empty", "", "1:1", "empty");
         row("heads alone", heads, "1:1", "no measurements");
@@ -248,25 +236,21 @@ private Q_SLOTS:
     }
     void faults()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, stated);
-        QFETCH(QString, text);
+        const auto [content, place, text, stated] = fetched<QByteArray, QString, QString, QString>();
         const auto reading = FixtureImport::read(content, stated);
         QVERIFY(!reading.isRead && reading.emitters.isEmpty());
         QVERIFY2(reading.error.text.contains(text), qPrintable(reading.error.text));
-        QTEST(QStringLiteral("%1:%2").arg(reading.error.line).arg(reading.error.column), "place");
+        QCOMPARE(placeOf(reading), place);
     }
 
     void channels_data()
     {
-        QTest::addColumn<QStringList>("names"); // of red, green, blue, 3000 K, 6000 K, amber, pale green; "-" for none
-        QTest::addColumn<int>("profile");
-        QTest::addColumn<QStringList>("stated");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const char* names, int profile, const char* expected,
-                            const char* stated = "") {
-            QTest::newRow(name) << QString::fromUtf8(names).split('|') << profile
-                                << QString(stated).split(',', Qt::SkipEmptyParts) << QString::fromUtf8(expected);
+        // names of red, green, blue, 3000 K, 6000 K, amber, pale green, "-" for none; profile; stated; expected
+        const Rows<QStringList, int, QStringList, QString> rows;
+        const auto row = [&](const char* name, const char* names, int profile, const char* expected,
+                             const char* stated = "") {
+            rows(name, QString::fromUtf8(names).split('|'), profile, QString(stated).split(',', Qt::SkipEmptyParts),
+                 QString::fromUtf8(expected));
         };
         row("plain names", "Red|Green|Blue|-|White|Amber|-", ColorUtils::ProfileFlareFlashQVS,
             "Red|Green|Blue|Amber|White");
@@ -295,10 +279,7 @@ private Q_SLOTS:
     }
     void channels()
     {
-        QFETCH(QStringList, names);
-        QFETCH(int, profile);
-        QFETCH(QStringList, stated);
-        QFETCH(QString, expected);
+        const auto [names, profile, stated, expected] = fetched<QStringList, int, QStringList, QString>();
         const QPointF colors[] = {{0.6915, 0.3081}, {0.1712, 0.7041}, {0.1402, 0.0498}, {0.4369, 0.4041},
                                   {0.3220, 0.3318}, {0.5705, 0.4288}, {0.3700, 0.5000}};
         QVector<Emitter> emitters;
@@ -334,30 +315,24 @@ private Q_SLOTS:
 
     void databases_data()
     {
-        QTest::addColumn<QByteArray>("database");
-        QTest::addColumn<bool>("mayReplace");
-        QTest::addColumn<QByteArray>("before"); // what of it stands before and behind the profile
-        QTest::addColumn<QByteArray>("behind");
-        QTest::addColumn<QString>("error");
+        // database; may replace; what of it stands before and behind the profile; error
+        const Rows<QByteArray, bool, QByteArray, QByteArray, QString> row;
         const QByteArray five =
             "<Profile index='5' name='\xc3\xa4'><Channel name='r' index='0' X='2' Y='1' Z='1'/><Channel name='g' "
             "index='1' X='1' Y='2' Z='1'/>"
             "<Channel name='b' index='2' X='1' Y='1' Z='9'/><Channel name='a' index='3' X='2' Y='2' Z='1'/></Profile>";
         const QByteArray six = QByteArray(five).replace("'5'", "' 6 '");
-        const auto row = [](const char* name, const QByteArray& database, bool mayReplace, const QByteArray& before,
-                            const QByteArray& behind, const char* error = "") {
-            QTest::newRow(name) << database << mayReplace << before << behind << error;
-        };
-        row("new", "", false, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Profiles>\n  ", "\n</Profiles>\n");
+        row("new", "", false, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<Profiles>\n  ", "\n</Profiles>\n", "");
         row("none in it", "<!-- < > -->\n<Profiles/> <!-- end -->\n", false, "<!-- < > -->\n<Profiles>\n  ",
-            "\n</Profiles> <!-- end -->\n");
+            "\n</Profiles> <!-- end -->\n", "");
         row("another in it", "<Profiles>\n" + five + "<!-- '>' -->\n</Profiles >\n", false,
-            "<Profiles>\n" + five + "<!-- '>' -->\n  ", "\n</Profiles >\n");
-        row("all on one line", "<x>" + five + "</x>", false, "<x>" + five + "\n  ", "\n</x>");
+            "<Profiles>\n" + five + "<!-- '>' -->\n  ", "\n</Profiles >\n", "");
+        row("all on one line", "<x>" + five + "</x>", false, "<x>" + five + "\n  ", "\n</x>", "");
         row("line ends of two characters",
             "\xef\xbb\xbf<Profiles>\r\n" + five + "\r\n" + six + "\r\n<!-- 6 --></Profiles>\r\n", true,
-            "\xef\xbb\xbf<Profiles>\r\n" + five + "\r\n", "\r\n<!-- 6 --></Profiles>\r\n");
-        row("replaced", "<Profiles>\n\t" + six + five + "</Profiles>", true, "<Profiles>\n\t", five + "</Profiles>");
+            "\xef\xbb\xbf<Profiles>\r\n" + five + "\r\n", "\r\n<!-- 6 --></Profiles>\r\n", "");
+        row("replaced", "<Profiles>\n\t" + six + five + "</Profiles>", true, "<Profiles>\n\t", five + "</Profiles>",
+            "");
         row("not to be replaced", "<Profiles>\n" + six + "</Profiles>", false, "", "", "profile 6 already, in line 2");
         row("an error in it", "<Profiles><Profile index='5'/></Profiles>", true, "", "", "errors");
         row("not well-formed", "<Profiles>\n" + five, true, "", "", "errors");
@@ -370,11 +345,8 @@ private Q_SLOTS:
     }
     void databases()
     {
-        QFETCH(QByteArray, database);
-        QFETCH(bool, mayReplace);
-        QFETCH(QByteArray, before);
-        QFETCH(QByteArray, behind);
-        QFETCH(QString, error);
+        const auto [database, mayReplace, before, behind, error] =
+            fetched<QByteArray, bool, QByteArray, QByteArray, QString>();
         const auto result = FixtureImport::writeProfile(database, ColorUtils::ProfileWashLineQP6RGBW, rgbw(),
                                                         "a--b<c>.csv", mayReplace);
         QVERIFY2(result.error.contains(error), qPrintable(result.error));
@@ -412,5 +384,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_fixtureimport)
+QTEST_APPLESS_MAIN(TestFixtureImport)
 #include "tst_fixtureimport.moc"
