@@ -95,32 +95,28 @@ QByteArray acoColor(std::initializer_list<quint64> words, const QString& name)
 
 } // namespace
 
-class tst_palette : public QuietTest
+class TestPalette : public QuietTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void throughEveryFormat_data()
     {
-        QTest::addColumn<Id>("format");
-        QTest::addColumn<QString>("lost");
-        QTest::addColumn<bool>("isWhole");
-        QTest::newRow("gpl") << Id::Gpl << "" << true;
-        QTest::newRow("css") << Id::Css << "" << true;
-        QTest::newRow("csv") << Id::Csv << "empty-list 1" << true;
-        QTest::newRow("document") << Id::Document << "" << true;
-        QTest::newRow("ase") << Id::Ase << "alpha 2, face 2, profile 2, uid 3, origin 1, vendor-id 1, user-list 1"
-                             << false;
-        QTest::newRow("aco") << Id::Aco
-                             << "alpha 2, face 2, profile 2, uid 3, origin 1, vendor-id 1, lists 1, list-name 2, "
-                                "empty-list 1, user-list 1"
-                             << false;
+        // format, what is lost, whether all else comes back to the letter
+        const Rows<Id, QString, bool> row;
+        row("gpl", Id::Gpl, "", true);
+        row("css", Id::Css, "", true);
+        row("csv", Id::Csv, "empty-list 1", true);
+        row("document", Id::Document, "", true);
+        row("ase", Id::Ase, "alpha 2, face 2, profile 2, uid 3, origin 1, vendor-id 1, user-list 1", false);
+        row("aco", Id::Aco,
+            "alpha 2, face 2, profile 2, uid 3, origin 1, vendor-id 1, lists 1, list-name 2, "
+            "empty-list 1, user-list 1",
+            false);
     }
     void throughEveryFormat()
     {
-        QFETCH(Id, format);
-        QFETCH(QString, lost);
-        QFETCH(bool, isWhole);
+        const auto [format, lost, isWhole] = fetched<Id, QString, bool>();
         const Palette palette = everything();
         const PaletteFormat::Writing writing = PaletteFormat::write(palette, format);
         QVERIFY2(writing.isWritten, qPrintable(writing.error));
@@ -158,53 +154,39 @@ private Q_SLOTS:
 
     void filesOfOthers_data()
     {
-        QTest::addColumn<Id>("format");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QStringList>("expected");
-        QTest::addColumn<QString>("remarks");
-        QTest::newRow("gpl, columns, comments, no names")
-            << Id::Gpl
-            << QByteArray("GIMP Palette\r\nName: Gels\r\nColumns: 4\r\n# by hand\r\n 70 130 180\tsteel # blue\r\n"
-                          "\r\n255 0 0\r\n")
-            << QStringList{"Gels/steel # blue #46468282b4b4", "Gels/ #ffff00000000"} << "other 2";
-        QTest::newRow("gpl, not UTF-8") << Id::Gpl << QByteArray("GIMP Palette\n1 2 3 caf\xe9\n")
-                                        << QStringList{QString::fromUtf8("loose/caf\xc3\xa9 #010102020303")}
-                                        << "encoding 1";
-        QTest::newRow("gpl, numbers and a name edited, a comment left behind")
-            << Id::Gpl
-            << QByteArray(
-                   "GIMP Palette\n# lxcolor {\"shown\":\"1 2 3\",\"value\":\"aYxy;1;0;65535;1;0.3;0.3\"}\n4 5 6 a\n"
-                   "# lxcolor {\"shown\":\"1 2 3\",\"value\":\"x\"}\n")
-            << QStringList{"loose/a #040405050606"} << "edited 1, comment 1";
-        QTest::newRow("csv, semicolons, heads in any order")
-            << Id::Csv
-            << QByteArray("\xef\xbb\xbf"
-                          "Blue;note;NAME;red;green\n3;;\"a;\"\"b\"\"\";1;2\n\n")
-            << QStringList{"loose/a;\"b\" #010102020303"} << "other 1";
-        QTest::newRow("csv, value and numbers differ")
-            << Id::Csv << QByteArray("value,red,green,blue\n\"#102030\",1,2,3\nnothing,1,2,3\n")
-            << QStringList{"loose/ #101020203030"} << "unreadable-value 1, edited 1";
-        QTest::newRow("csv, another alpha than that of the value")
-            << Id::Csv << QByteArray("value,alpha\n#ff0000,128\n#80ff0000,128\n#00ff00,\n")
-            << QStringList{"loose/ #ffff00000000", "loose/ #ffff00000000", "loose/ #0000ffff0000"} << "edited 1";
-        QTest::newRow("css, all ways to write a colour")
-            << Id::Css
-            << QByteArray(
-                   "@import url(\"a;b.css\"); /* } */ :root, .a{--a:#f00;--b: #1234 ;color: red;--c:rgb(0 128 255/50%);"
-                   "--d: RGBA(100%,0,0,.5);--gap: 4px}\n@media print { a { --e:steelblue } }")
-            << QStringList{"loose/a #ffff00000000", "loose/b #111122223333", "loose/c #00008080ffff",
-                           "loose/d #ffff00000000", "loose/e #46468282b4b4"}
-            << "other 3";
-        QTest::newRow("css, colours among others or made of other properties")
-            << Id::Css
-            << QByteArray("a{--a:rgba(var(--b),.5);--b: #fff 0 1px 2px;--c:rgb(255 0 0), rgb(1 2 3);"
-                          "--d:rgb(none 0 255)}")
-            << QStringList{"loose/d #00000000ffff"} << "other 3";
-        QTest::newRow("document, a project")
-            << Id::Document
-            << QByteArray("<show><a/><ColorLibrary name='l'><Color name='r' value='red'/>"
-                          "<Color name='x' value=''/></ColorLibrary></show>")
-            << QStringList{"l/r #ffff00000000"} << "unreadable-value 1, other 2";
+        const Rows<Id, QByteArray, QStringList, QString> row;
+        row("gpl, columns, comments, no names", Id::Gpl,
+            "GIMP Palette\r\nName: Gels\r\nColumns: 4\r\n# by hand\r\n 70 130 180\tsteel # blue\r\n"
+            "\r\n255 0 0\r\n",
+            {"Gels/steel # blue #46468282b4b4", "Gels/ #ffff00000000"}, "other 2");
+        row("gpl, not UTF-8", Id::Gpl, "GIMP Palette\n1 2 3 caf\xe9\n",
+            {QString::fromUtf8("loose/caf\xc3\xa9 #010102020303")}, "encoding 1");
+        row("gpl, numbers and a name edited, a comment left behind", Id::Gpl,
+            "GIMP Palette\n# lxcolor {\"shown\":\"1 2 3\",\"value\":\"aYxy;1;0;65535;1;0.3;0.3\"}\n4 5 6 a\n"
+            "# lxcolor {\"shown\":\"1 2 3\",\"value\":\"x\"}\n",
+            {"loose/a #040405050606"}, "edited 1, comment 1");
+        row("csv, semicolons, heads in any order", Id::Csv,
+            "\xef\xbb\xbf"
+            "Blue;note;NAME;red;green\n3;;\"a;\"\"b\"\"\";1;2\n\n",
+            {"loose/a;\"b\" #010102020303"}, "other 1");
+        row("csv, value and numbers differ", Id::Csv, "value,red,green,blue\n\"#102030\",1,2,3\nnothing,1,2,3\n",
+            {"loose/ #101020203030"}, "unreadable-value 1, edited 1");
+        row("csv, another alpha than that of the value", Id::Csv, "value,alpha\n#ff0000,128\n#80ff0000,128\n#00ff00,\n",
+            {"loose/ #ffff00000000", "loose/ #ffff00000000", "loose/ #0000ffff0000"}, "edited 1");
+        row("css, all ways to write a colour", Id::Css,
+            "@import url(\"a;b.css\"); /* } */ :root, .a{--a:#f00;--b: #1234 ;color: red;--c:rgb(0 128 255/50%);"
+            "--d: RGBA(100%,0,0,.5);--gap: 4px}\n@media print { a { --e:steelblue } }",
+            {"loose/a #ffff00000000", "loose/b #111122223333", "loose/c #00008080ffff", "loose/d #ffff00000000",
+             "loose/e #46468282b4b4"},
+            "other 3");
+        row("css, colours among others or made of other properties", Id::Css,
+            "a{--a:rgba(var(--b),.5);--b: #fff 0 1px 2px;--c:rgb(255 0 0), rgb(1 2 3);"
+            "--d:rgb(none 0 255)}",
+            {"loose/d #00000000ffff"}, "other 3");
+        row("document, a project", Id::Document,
+            "<show><a/><ColorLibrary name='l'><Color name='r' value='red'/>"
+            "<Color name='x' value=''/></ColorLibrary></show>",
+            {"l/r #ffff00000000"}, "unreadable-value 1, other 2");
 
         // L*a*b* of white, and of the red of sRGB, under D50.
         const QByteArray ase =
@@ -212,31 +194,26 @@ private Q_SLOTS:
             aseColor("white", "LAB ", {1.0F, 0.0F, 0.0F}) + aseColor("red", "LAB ", {0.5429F, 80.81F, 69.89F}) +
             aseColor("ink", "CMYK", {0.0F, 0.5F, 1.0F, 0.2F}) + aseColor("gray", "Gray", {0.2F}) +
             aseColor("new", "XYZW", {}) + aseBlock(0xc002, {}) + aseBlock(0x1234, "abc");
-        QTest::newRow("ase, all spaces") << Id::Ase << aseHead(9) + ase + "more"
-                                         << QStringList{"loose/loose #ffff80000000", "G/white #ffffffffffff",
-                                                        "G/red #fffd00010000", "G/ink #cccc66660000",
-                                                        "G/gray #333333333333"}
-                                         << "cmyk 1, lab 2, cut 1, spot 1, unknown-space 1, other 2";
+        row("ase, all spaces", Id::Ase, aseHead(9) + ase + "more",
+            {"loose/loose #ffff80000000", "G/white #ffffffffffff", "G/red #fffd00010000", "G/ink #cccc66660000",
+             "G/gray #333333333333"},
+            "cmyk 1, lab 2, cut 1, spot 1, unknown-space 1, other 2");
         const QByteArray aco = acoColor({1, 21845, 65535, 32768, 0}, "hsb") + // 120 degrees
                                acoColor({2, 65535, 32768, 0, 65535}, "ink") + acoColor({7, 10000, 0, 0, 0}, "lab") +
                                acoColor({8, 5000, 0, 0, 0}, "gray") + acoColor({9, 0, 5000, 10000, 0}, "wide") +
                                acoColor({3, 0, 0, 0, 0}, "custom");
-        QTest::newRow("aco, version 2, all spaces")
-            << Id::Aco << bigEndian({2, 6}) + aco
-            << QStringList{"loose/hsb #000080000000", "loose/ink #ffff80000000", "loose/lab #ffffffffffff",
-                           "loose/gray #800080008000", "loose/wide #ffff80000000"}
-            << "cmyk 2, lab 1, unknown-space 1";
-        QTest::newRow("aco, version 1 alone")
-            << Id::Aco << bigEndian({1, 1, 0, 65535, 1, 2, 0}) << QStringList{"loose/ #ffff00010002"} << "";
+        row("aco, version 2, all spaces", Id::Aco, bigEndian({2, 6}) + aco,
+            {"loose/hsb #000080000000", "loose/ink #ffff80000000", "loose/lab #ffffffffffff",
+             "loose/gray #800080008000", "loose/wide #ffff80000000"},
+            "cmyk 2, lab 1, unknown-space 1");
+        row("aco, version 1 alone", Id::Aco, bigEndian({1, 1, 0, 65535, 1, 2, 0}), {"loose/ #ffff00010002"}, "");
     }
     void filesOfOthers()
     {
-        QFETCH(Id, format);
-        QFETCH(QByteArray, content);
-        QFETCH(QString, remarks);
+        const auto [format, content, expected, remarks] = fetched<Id, QByteArray, QStringList, QString>();
         const PaletteFormat::Reading reading = PaletteFormat::read(content, format, "loose");
         QVERIFY2(reading.isRead, qPrintable(reading.error.text));
-        QTEST(seen(reading.palette), "expected");
+        QCOMPARE(seen(reading.palette), expected);
         QCOMPARE(counted(reading.remarks), remarks);
         Messages::take(); // of names that are no colours
     }
@@ -244,12 +221,8 @@ private Q_SLOTS:
     // One defect each.
     void faults_data()
     {
-        QTest::addColumn<Id>("format");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("place"); // line:column, or a byte
-        QTest::addColumn<QString>("text");
-        const auto row = [](const char* name, Id format, const QByteArray& content, const char* place,
-                            const char* text) { QTest::newRow(name) << format << content << place << text; };
+        // place: line:column, or a byte
+        const Rows<Id, QByteArray, QString, QString> row;
         const QByteArray gpl = "GIMP Palette\n";
         row("gpl: empty", Id::Gpl, "", "1:1", "first line");
         row("gpl: another file", Id::Gpl, "GIMP Gradient\n", "1:1", "first line");
@@ -295,16 +268,14 @@ private Q_SLOTS:
     }
     void faults()
     {
-        QFETCH(Id, format);
-        QFETCH(QByteArray, content);
-        QFETCH(QString, text);
+        const auto [format, content, expectedPlace, text] = fetched<Id, QByteArray, QString, QString>();
         const PaletteFormat::Reading reading = PaletteFormat::read(content, format, "loose");
         QVERIFY(!reading.isRead);
         QVERIFY(reading.palette.lists.isEmpty());
         const auto& error = reading.error;
         const QString place = error.offset >= 0 ? QString::number(error.offset)
                                                 : QStringLiteral("%1:%2").arg(error.line).arg(error.column);
-        QTEST(place, "place");
+        QCOMPARE(place, expectedPlace);
         QVERIFY2(error.text.contains(text), qPrintable(error.text));
     }
 
@@ -351,5 +322,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_palette)
+QTEST_APPLESS_MAIN(TestPalette)
 #include "tst_palette.moc"
