@@ -1,13 +1,11 @@
 // Any bytes may be read as a fixture profile database. The document check says exactly what the reader does with them,
 // and every conversion works with what was read.
 #include "DocumentChecker.h"
+#include "EmitterRecords.h"
 #include "FuzzSupport.h"
 #include "ProfileHandler.h"
-#include "Tristimulus.h"
-#include "TristimulusFactory.h"
 
 #include <QBuffer>
-#include <QSet>
 
 #include <algorithm>
 
@@ -18,44 +16,6 @@ namespace {
 constexpr int kFirst = -1;
 constexpr int kLast = 10;
 const QVector<double> kUntouched{-1.0};
-
-ColorUtils::TonematchProfileID idOf(int profile) { return static_cast<ColorUtils::TonematchProfileID>(profile); }
-
-Tristimulus* recordOf(int profile)
-{
-    return TristimulusFactory::getInstance()->getTristimulus(idOf(profile), ColorUtils::ConfigRGB);
-}
-
-/// The records as they are without a database.
-class BuiltInRecords
-{
-public:
-    BuiltInRecords()
-    {
-        for (int profile = kFirst; profile <= kLast; ++profile) {
-            Tristimulus* record = recordOf(profile);
-            m_records.append({record->getX(), record->getY(), record->getZ(), record->getChannelNames()});
-        }
-    }
-    void putBack(int profile) const
-    {
-        const Values& values = m_records.at(profile - kFirst);
-        Tristimulus* record = recordOf(profile);
-        record->setX(values.X);
-        record->setY(values.Y);
-        record->setZ(values.Z);
-        record->setChannelNames(values.names);
-        record->calculatePolygon();
-    }
-
-private:
-    struct Values
-    {
-        QVector<double> X, Y, Z;
-        QStringList names;
-    };
-    QVector<Values> m_records;
-};
 
 /// Follows the reader without changing a record.
 class Observer : public ProfileHandler
@@ -118,7 +78,7 @@ void compare(const DocumentChecker::Report& report, int dropped, int taken)
 
 void convertWith(int profile)
 {
-    const auto id = idOf(profile);
+    const auto id = static_cast<ColorUtils::TonematchProfileID>(profile);
     const LXColor colors[] = {LXColor::fromxyY(0.3, 0.4, 1.0, id), LXColor::fromRgb8(255, 128, 1, 255, id),
                               LXColor::fromNChannelF({1.0, 0.5, 1.0, 0.25, 0.0, 1.0}, ColorUtils::ConfigRGBAW, id)};
     for (const LXColor& color : colors) {
@@ -134,7 +94,7 @@ void convertWith(int profile)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static const BuiltInRecords builtIn;
+    static const EmitterRecords builtIn;
     const QByteArray content(reinterpret_cast<const char*>(data), static_cast<int>(size));
     const auto report = withDevice(content, [](QIODevice* device) { return DocumentChecker::check(device); });
 

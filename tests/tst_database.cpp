@@ -1,17 +1,15 @@
+#include "EmitterRecords.h"
 #include "LXColor.h"
 #include "ProfileHandler.h"
 #include "Support.h"
 #include "ToneMatchProfile.h"
 #include "TonematchProfileFactory.h"
-#include "Tristimulus.h"
-#include "TristimulusFactory.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QSet>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QXmlAttributes>
@@ -26,67 +24,6 @@ namespace {
 
 const QString kSources = LXCOLOR_SOURCE_DIR;
 const QString kNoDatabase = "could not open tonematch profile database";
-
-Tristimulus* recordOf(int profile)
-{
-    return TristimulusFactory::getInstance()->getTristimulus(static_cast<CU::TonematchProfileID>(profile),
-                                                             CU::ConfigRGB);
-}
-
-/// The content of a record.
-struct Content
-{
-    QVector<double> X, Y, Z;
-    QStringList names;
-
-    static Content of(int profile)
-    {
-        Tristimulus* record = recordOf(profile);
-        return {record->getX(), record->getY(), record->getZ(), record->getChannelNames()};
-    }
-    void restore(int profile) const
-    {
-        Tristimulus* record = recordOf(profile);
-        record->setX(X);
-        record->setY(Y);
-        record->setZ(Z);
-        record->setChannelNames(names);
-        record->calculatePolygon();
-    }
-    bool operator==(const Content& other) const
-    {
-        return X == other.X && Y == other.Y && Z == other.Z && names == other.names;
-    }
-};
-
-/// The records as they were; puts them back.
-class Records
-{
-public:
-    Records()
-    {
-        for (int profile = kFirst; profile <= kLast; ++profile)
-            m_before.append(Content::of(profile));
-    }
-    ~Records()
-    {
-        for (int profile = kFirst; profile <= kLast; ++profile)
-            m_before[profile - kFirst].restore(profile);
-    }
-    QSet<int> rewritten() const
-    {
-        QSet<int> profiles;
-        for (int profile = kFirst; profile <= kLast; ++profile)
-            if (!(Content::of(profile) == m_before[profile - kFirst]))
-                profiles << profile;
-        return profiles;
-    }
-
-private:
-    static constexpr int kFirst = -2;
-    static constexpr int kLast = 12;
-    QVector<Content> m_before;
-};
 
 bool parse(QByteArray text)
 {
@@ -128,7 +65,7 @@ class TestDatabase : public QuietTest
 private Q_SLOTS:
     void rewritesARecordInPlace()
     {
-        const Records records;
+        const EmitterRecords records;
         ToneMatchProfile* fixture = TonematchProfileFactory::instance()->getProfile(CU::ProfileWashLineQP6RGBA);
         Tristimulus* record = fixture->getTristimulus();
         const LXColor light = LXColor::fromxyY(0.4, 0.35, 0.8, CU::ProfileGenericRGB);
@@ -174,7 +111,7 @@ private Q_SLOTS:
     void acceptedForms()
     {
         const auto [text, rewritten, Z] = fetched<QByteArray, QSet<int>, QVector<double>>();
-        const Records records;
+        const EmitterRecords records;
         QVERIFY(parse(text));
         QCOMPARE(complaints(), QStringList());
         QCOMPARE(records.rewritten(), rewritten);
@@ -210,7 +147,7 @@ private Q_SLOTS:
     void badFiles()
     {
         const auto [readToTheEnd, profile7Rewritten, complaint] = fetched<bool, bool, QString>();
-        const Records records;
+        const EmitterRecords records;
         QFile file(QString(kSources + "/tests/data/profiles/%1.xml").arg(QTest::currentDataTag()));
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(TristimulusFactory::getInstance()->parseXML(&file), readToTheEnd);
@@ -240,7 +177,7 @@ private Q_SLOTS:
     void hugeInput()
     {
         const auto [text, complaint] = fetched<QByteArray, QString>();
-        const Records records;
+        const EmitterRecords records;
         parse(text);
         const QStringList said = complaints();
         QVERIFY2(said.value(0).contains(complaint), qPrintable(said.value(0).left(200)));
@@ -250,7 +187,7 @@ private Q_SLOTS:
     // A reader promises matching elements; other callers of the handler need not.
     void handlerAlone()
     {
-        const Records records;
+        const EmitterRecords records;
         const QXmlAttributes none;
         ProfileHandler handler;
         QVERIFY(handler.endElement("", "", "Profile"));
@@ -277,7 +214,7 @@ private Q_SLOTS:
 
     void sampleDatabase()
     {
-        const Records records;
+        const EmitterRecords records;
         const QDir resources(kSources + "/LXColor/resources");
         QFile file(resources.filePath("FixtureProfiles.xml"));
         QVERIFY(file.open(QIODevice::ReadOnly));

@@ -1,9 +1,7 @@
-#include "CCTUtils.h"
+#include "EmitterRecords.h"
 #include "FixtureGamut.h"
 #include "LXColor.h"
 #include "Rows.h"
-#include "Tristimulus.h"
-#include "TristimulusFactory.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -15,48 +13,17 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-/// Emitter data of a profile, put back at the end.
-class BorrowedRecord
+/// Gives the emitters of a profile these chromaticities.
+void setChromaticities(int profile, const QVector<QPointF>& xy)
 {
-public:
-    BorrowedRecord(ColorUtils::TonematchProfileID profile, ColorUtils::ChannelConfiguration layout)
-        : m_record(TristimulusFactory::getInstance()->getTristimulus(profile, layout))
-        , m_X(m_record->getX())
-        , m_Y(m_record->getY())
-        , m_Z(m_record->getZ())
-    {
+    QVector<double> X;
+    QVector<double> Z;
+    for (const QPointF& p : xy) {
+        X.append(p.x() / p.y());
+        Z.append((1.0 - p.x() - p.y()) / p.y());
     }
-    ~BorrowedRecord() { set(m_X, m_Y, m_Z); }
-
-    /// Emitters of these chromaticities.
-    void setChromaticities(const QVector<QPointF>& xy)
-    {
-        QVector<double> X;
-        QVector<double> Y(xy.size(), 1.0);
-        QVector<double> Z;
-        for (const QPointF& p : xy) {
-            X.append(p.x() / p.y());
-            Z.append((1.0 - p.x() - p.y()) / p.y());
-        }
-        set(X, Y, Z);
-    }
-
-private:
-    Q_DISABLE_COPY(BorrowedRecord)
-
-    void set(const QVector<double>& X, const QVector<double>& Y, const QVector<double>& Z)
-    {
-        m_record->setX(X);
-        m_record->setY(Y);
-        m_record->setZ(Z);
-        m_record->calculatePolygon();
-    }
-
-    Tristimulus* m_record;
-    QVector<double> m_X;
-    QVector<double> m_Y;
-    QVector<double> m_Z;
-};
+    fill(recordOf(profile), X, QVector<double>(xy.size(), 1.0), Z);
+}
 
 QStringList namesOf(const QVector<FixtureGamut::Corner>& corners)
 {
@@ -124,8 +91,8 @@ private Q_SLOTS:
     void hulls()
     {
         const auto [emitters, hull] = fetched<QVector<QPointF>, QStringList>();
-        BorrowedRecord record(ColorUtils::ProfileFlareFlashQVS, ColorUtils::ConfigRGBAW);
-        record.setChromaticities(emitters);
+        const EmitterRecords records;
+        setChromaticities(ColorUtils::ProfileFlareFlashQVS, emitters);
         const FixtureGamut gamut(ColorUtils::ProfileFlareFlashQVS);
         QCOMPARE(namesOf(gamut.triangle()), (QStringList{"Red", "Green", "Blue"}));
         QCOMPARE(namesOf(gamut.hull()), hull);
@@ -162,8 +129,9 @@ private Q_SLOTS:
         QVERIFY(single.placeOf({0.3, 0.3}).toJson().value("nearest").toObject().value("x").isNull());
 
         // An emitter without a chromaticity is no corner of the hull, and leaves no area to the triangle.
-        BorrowedRecord record(ColorUtils::ProfileFlareFlashQVS, ColorUtils::ConfigRGBAW);
-        record.setChromaticities({{0.7, 0.3}, {0.2, 0.7}, {kNaN, kNaN}, {0.5, 0.4}, {0.33, 0.33}});
+        const EmitterRecords records;
+        setChromaticities(ColorUtils::ProfileFlareFlashQVS,
+                          {{0.7, 0.3}, {0.2, 0.7}, {kNaN, kNaN}, {0.5, 0.4}, {0.33, 0.33}});
         const FixtureGamut gamut(ColorUtils::ProfileFlareFlashQVS);
         QVERIFY(std::isnan(gamut.triangleArea()));
         QCOMPARE(gamut.hull().size(), 3);
