@@ -1,6 +1,7 @@
 #ifndef TOOLSUPPORT_H
 #define TOOLSUPPORT_H
 
+#include "Files.h"
 #include "Rows.h"
 
 #include <QJsonArray>
@@ -41,6 +42,18 @@ inline Outcome run(const QStringList& arguments, const QByteArray& input = QByte
     process.closeWriteChannel();
     return finish(process);
 }
+
+/// A folder for the files of a test.
+class Folder
+{
+public:
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString write(const QString& name, const QByteArray& content) const { return writeFile(path(name), content); }
+    QByteArray read(const QString& name) const { return contentOf(path(name)); }
+
+private:
+    QTemporaryDir m_folder;
+};
 
 /// Arguments separated by "|".
 inline QStringList words(const char* text) { return QString::fromUtf8(text).split('|', Qt::SkipEmptyParts); }

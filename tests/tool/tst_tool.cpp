@@ -111,20 +111,14 @@ private Q_SLOTS:
     void dmxBytesAreTheLibrarys_data()
     {
         const Rows<int, QString, int, int> row;
-        row("generic RGB", 0, "", ColorUtils::IOModeRGB, 3);
         row("RGBAW, default mode makes five of three", 1, "", ColorUtils::IOModeRGBToRGBAW, 5);
         row("RGBAW one to one, by its layout", 1, "rgbaw", ColorUtils::IOModeRGBAW, 5);
         row("RGBAW as an RGB fixture", 1, "0", ColorUtils::IOModeRGB, 3);
         row("RGBWW one to one", 2, "RGBWW In/Out", ColorUtils::IOModeRGBWW, 5);
-        row("generic RGBW", 3, "", ColorUtils::IOModeRGBW, 4);
         row("generic RGBW, fed three channels by a mode not in its list", 3, "rgb", ColorUtils::IOModeRGB, 3);
         row("single channel", 4, "", ColorUtils::IOModeSingleChannel, 1);
-        row("RGBA", 5, "", ColorUtils::IOModeRGBA, 4);
         row("RGBW, by the beginning of a mode", 6, "rgb in / ", ColorUtils::IOModeRGBToRGBW, 4);
-        row("RGBW", 6, "", ColorUtils::IOModeRGBW, 4);
         row("RGB with an onboard curve", 7, "", ColorUtils::IOModeRGB, 3);
-        row("floodbar RGBA", 8, "", ColorUtils::IOModeRGBA, 4);
-        row("floodbar RGBW", 9, "", ColorUtils::IOModeRGBW, 4);
     }
     void dmxBytesAreTheLibrarys()
     {

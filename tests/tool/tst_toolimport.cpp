@@ -11,19 +11,6 @@ const char kDescription[] =
     "<Emitter Name=\"Red\" Color=\"0.69,0.305,21\"/><Emitter Name=\"Green\" Color=\"0.17,0.70,70\"/>"
     "<Emitter Name=\"Blue\" Color=\"0.14,0.05,9\"/></Emitters></PhysicalDescriptions></FixtureType></GDTF>";
 
-QString writeFile(const QTemporaryDir& folder, const char* name, const QByteArray& content)
-{
-    const QString path = folder.filePath(name);
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path : QString();
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
 } // namespace
 
 class TestToolImport : public QObject
@@ -33,9 +20,9 @@ class TestToolImport : public QObject
 private Q_SLOTS:
     void fromTableToMatch()
     {
-        const QTemporaryDir folder;
-        const QString table = writeFile(folder, "bench.csv", kTable);
-        const QString out = folder.filePath("FixtureProfiles.xml");
+        const Folder folder;
+        const QString table = folder.write("bench.csv", kTable);
+        const QString out = folder.path("FixtureProfiles.xml");
         const Outcome imported = run({"import", table, "--profile", "PixelNode RGB", "-o", out, "--json"});
         QVERIFY2(ok(imported), qPrintable(imported.err));
         QCOMPARE(imported.json()["fixture"].toInt(), 7);
@@ -64,38 +51,35 @@ private Q_SLOTS:
 
     void archive()
     {
-        const QTemporaryDir folder;
-        writeFile(folder, "description.xml", kDescription);
+        const Folder folder;
+        folder.write("description.xml", kDescription);
         QProcess zip;
-        zip.setWorkingDirectory(folder.path());
+        zip.setWorkingDirectory(folder.path(QString()));
         zip.start(LXCOLOR_CMAKE, {"-E", "tar", "cf", "fixture.gdtf", "--format=zip", "description.xml"});
         QVERIFY(zip.waitForFinished() && zip.exitCode() == 0);
-        const QString out = folder.filePath("out.xml");
-        const Outcome imported =
-            run({"import", folder.filePath("fixture.gdtf"), "--profile", "7", "-o", out, "--json"});
+        const QString out = folder.path("out.xml");
+        const Outcome imported = run({"import", folder.path("fixture.gdtf"), "--profile", "7", "-o", out, "--json"});
         if (imported.err.contains("libzip"))
             QSKIP("built without libzip");
         QVERIFY2(ok(imported), qPrintable(imported.err));
         QCOMPARE(imported.json()["source"].toString(), QString("gdtf-archive"));
         QCOMPARE(imported.json()["unit"].toString(), QString("relative"));
-        QCOMPARE(run({"import", folder.filePath("description.xml"), "--profile", "0", "-o", out}).status, 0);
+        QCOMPARE(run({"import", folder.path("description.xml"), "--profile", "0", "-o", out}).status, 0);
 
-        const QByteArray whole = contentOf(folder.filePath("fixture.gdtf"));
+        const QByteArray whole = folder.read("fixture.gdtf");
         for (int length = 4; length < whole.size(); length += 29)
-            verifyRefused(
-                run({"import", writeFile(folder, "cut.gdtf", whole.left(length)), "--profile", "7", "-o", out}),
-                {"cut.gdtf: The archive cannot be read"});
+            verifyRefused(run({"import", folder.write("cut.gdtf", whole.left(length)), "--profile", "7", "-o", out}),
+                          {"cut.gdtf: The archive cannot be read"});
     }
 
     void refusals()
     {
-        const QTemporaryDir folder;
-        const QString table = writeFile(folder, "bench.csv", kTable);
-        const QString bad = writeFile(folder, "bad.csv", "name;x;y;Y (cd)\nRed;0,3;none;1\n");
-        const QString out = writeFile(folder, "out.xml", "<Profiles>\n<Profile index='5'/></Profiles>\n");
-        verifyRefused(run({"import", bad, "--profile", "7", "-o", folder.filePath("new.xml")}),
-                      {"bad.csv:2:9: \"none\""});
-        QVERIFY(!QFile::exists(folder.filePath("new.xml")));
+        const Folder folder;
+        const QString table = folder.write("bench.csv", kTable);
+        const QString bad = folder.write("bad.csv", "name;x;y;Y (cd)\nRed;0,3;none;1\n");
+        const QString out = folder.write("out.xml", "<Profiles>\n<Profile index='5'/></Profiles>\n");
+        verifyRefused(run({"import", bad, "--profile", "7", "-o", folder.path("new.xml")}), {"bad.csv:2:9: \"none\""});
+        QVERIFY(!QFile::exists(folder.path("new.xml")));
         verifyRefused(run({"import", table, "--profile", "7", "-o", out}), {"out.xml", "errors", "line 2"});
         QCOMPARE(contentOf(out), QByteArray("<Profiles>\n<Profile index='5'/></Profiles>\n"));
         verifyRefused(run({"import", table, "--profile", "6", "-o", out}), {"no emitter for White", "--channels"});
@@ -104,8 +88,8 @@ private Q_SLOTS:
         verifyRefused(run({"import", table, "--profile", "7"}), {"--output"});
         verifyRefused(run({"import", table, "-o", out}), {"--profile"});
         verifyRefused(run({"import", "--profile", "7", "-o", out}), {"one file"});
-        verifyRefused(run({"import", folder.filePath("none.csv"), "--profile", "7", "-o", out}), {"none.csv"});
-        QCOMPARE(run({"import", table, "--profile", "7", "-o", folder.filePath("no/folder.xml")}).status, 1);
+        verifyRefused(run({"import", folder.path("none.csv"), "--profile", "7", "-o", out}), {"none.csv"});
+        QCOMPARE(run({"import", table, "--profile", "7", "-o", folder.path("no/folder.xml")}).status, 1);
     }
 };
 

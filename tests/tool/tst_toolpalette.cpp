@@ -11,25 +11,6 @@ const char kDocument[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ColorLibr
                          " originatingPreset=\"\" colorId=\"L 201\"/>\n"
                          " </ColorLibrary>\n</ColorLibraryList>\n";
 
-class Folder
-{
-public:
-    QString path(const QString& name) const { return m_folder.filePath(name); }
-    QString write(const QString& name, const QByteArray& content) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? path(name) : QString();
-    }
-    QByteArray read(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
 } // namespace
 
 class TestToolPalette : public QObject

@@ -1,6 +1,5 @@
 #include "CCTUtils.h"
 #include "ChromaticityDiagram.h"
-#include "Files.h"
 #include "ToolSupport.h"
 
 #include <QImage>

@@ -1,6 +1,5 @@
 // lxcolor render: frames of colours become the universes of a patch.
 #include "ColorUtils.h"
-#include "Files.h"
 #include "LXColor.h"
 #include "ToolSupport.h"
 

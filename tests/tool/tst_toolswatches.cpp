@@ -1,5 +1,4 @@
 // lxcolor swatches: what a file holds as the library reads it, and lists exported to documents of their own.
-#include "Files.h"
 #include "ToolSupport.h"
 
 namespace {
@@ -21,8 +20,8 @@ class TestToolSwatches : public QObject
 private Q_SLOTS:
     void listsAndColours()
     {
-        const QTemporaryDir folder;
-        const QString file = writeFile(folder.filePath("project.xml"), kProject);
+        const Folder folder;
+        const QString file = folder.write("project.xml", kProject);
         const Outcome json = succeed({"swatches", file, "--json"});
         QCOMPARE(json.lines().size(), 2);
         QCOMPARE(json.json(0)["list"].toString(), QString::fromUtf8("Tom & Jerry, %1 \xc3\xa4"));
@@ -38,11 +37,11 @@ private Q_SLOTS:
 
     void exportedListsLoadAgain()
     {
-        const QTemporaryDir folder;
-        const QString file = writeFile(folder.filePath("project.xml"), kProject);
+        const Folder folder;
+        const QString file = folder.write("project.xml", kProject);
         const QString name = QString::fromUtf8("Tom & Jerry, %1 \xc3\xa4");
         const Outcome exported = succeed({"swatches", file, "--export", name});
-        const QString copy = writeFile(folder.filePath("copy.lxcolors"), exported.out.toUtf8());
+        const QString copy = folder.write("copy.lxcolors", exported.out.toUtf8());
         const Outcome read = succeed({"swatches", copy, "--json"});
         QCOMPARE(read.json()["list"].toString(), name);
         QCOMPARE(read.json()["userList"].toBool(), true);
@@ -54,15 +53,15 @@ private Q_SLOTS:
 
     void refusals()
     {
-        const QTemporaryDir folder;
-        const QString good = writeFile(folder.filePath("good.xml"), kProject);
-        verifyRefused(run({"swatches", good, folder.filePath("none.xml")}), {"none.xml"});
-        verifyRefused(run({"swatches", good, writeFile(folder.filePath("bad.xml"), "<a>\n<b></a>")}), {"bad.xml:2:"});
+        const Folder folder;
+        const QString good = folder.write("good.xml", kProject);
+        verifyRefused(run({"swatches", good, folder.path("none.xml")}), {"none.xml"});
+        verifyRefused(run({"swatches", good, folder.write("bad.xml", "<a>\n<b></a>")}), {"bad.xml:2:"});
         verifyRefused(run({"swatches", good, "--export", "no such list"}), {"\"mine\"", "no such list"});
         const QByteArray deep = QByteArray("<a>").repeated(100000);
-        verifyRefused(run({"swatches", writeFile(folder.filePath("deep.xml"), deep)}), {"deep.xml:1:", "nested"});
+        verifyRefused(run({"swatches", folder.write("deep.xml", deep)}), {"deep.xml:1:", "nested"});
         const QByteArray bomb = "<!DOCTYPE a [<!ENTITY e \"ee\">]><a>&e;</a>";
-        verifyRefused(run({"swatches", writeFile(folder.filePath("bomb.xml"), bomb)}), {"bomb.xml:1:", "entities"});
+        verifyRefused(run({"swatches", folder.write("bomb.xml", bomb)}), {"bomb.xml:1:", "entities"});
     }
 };
 
