@@ -1,10 +1,12 @@
 // The view on the swatch library, as a person uses it: by mouse, keys, drags and ears.
 
+#include "Files.h"
 #include "LXColorLibrary.h"
 #include "ModelWatch.h"
 #include "OrbisProjectHelper.h"
 #include "Support.h"
 #include "SwatchView.h"
+#include "TreeUser.h"
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
@@ -12,14 +14,10 @@
 #include <QClipboard>
 #include <QDomDocument>
 #include <QDrag>
-#include <QLineEdit>
 #include <QLoggingCategory>
-#include <QMimeData>
-#include <QPainter>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTreeView>
 #include <QUndoStack>
 
 Q_DECLARE_METATYPE(LXColor)
@@ -36,7 +34,7 @@ QString colorText(const QModelIndex& index)
 }
 
 /// Everything that a library holds, a line each.
-QStringList contentOf(const LXColorLibrary& library)
+QStringList linesOf(const LXColorLibrary& library)
 {
     QStringList lines;
     for (int i = 0; i < library.rowCount(library.rootIndex()); ++i) {
@@ -55,12 +53,12 @@ QStringList contentOf(const LXColorLibrary& library)
 
 } // namespace
 
-class TestSwatchView : public QObject
+class TestSwatchView : public QObject, TreeUser
 {
     Q_OBJECT
 
     LXColorLibrary* lib() const { return LXColorLibrary::Instance(); }
-    QTreeView* tree() const { return m_view->findChild<QTreeView*>(); }
+    QTreeView* tree() const override { return m_view->findChild<QTreeView*>(); }
     QLineEdit* search() const { return m_view->findChild<QLineEdit*>("swatchSearch"); }
     QString add(const QString& list, const QString& name, const QString& color) const
     {
@@ -74,29 +72,6 @@ class TestSwatchView : public QObject
             result << lib()->index(row, 0, list).data().toString();
         return result;
     }
-    /// What a person reads from top to bottom.
-    QStringList rows() const
-    {
-        QStringList texts;
-        tree()->scrollToTop();
-        for (QModelIndex index = tree()->indexAt({20, 3}); index.isValid(); index = tree()->indexBelow(index))
-            texts << index.data().toString();
-        return texts;
-    }
-    QModelIndex shown(const QString& text) const
-    {
-        QModelIndex index = tree()->model()->index(0, 0);
-        while (index.isValid() && index.data().toString() != text)
-            index = tree()->indexBelow(index);
-        return index;
-    }
-    void click(const QString& text, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        const QModelIndex index = shown(text);
-        QVERIFY2(index.isValid(), qPrintable(text));
-        tree()->scrollTo(index);
-        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, modifiers, tree()->visualRect(index).center());
-    }
     void press(int key, Qt::KeyboardModifiers modifiers = {}) const
     {
         QTest::keyClick(m_view->focusWidget(), Qt::Key(key), modifiers);
@@ -105,41 +80,13 @@ class TestSwatchView : public QObject
     {
         click(from);
         press(Qt::Key_F2);
-        QLineEdit* editor = nullptr;
-        QTRY_VERIFY(editor = tree()->viewport()->findChild<QLineEdit*>());
-        editor->selectAll();
-        QTest::keyClicks(editor, to);
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_VERIFY(!tree()->viewport()->findChild<QLineEdit*>());
-    }
-    /// Drops onto the middle of a row, or near its upper edge. \return whether it was taken.
-    bool drop(QMimeData* data, const QString& text, bool above = false, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        const QModelIndex index = shown(text);
-        tree()->scrollTo(index);
-        const QRect rect = tree()->visualRect(index);
-        const QPoint place(rect.center().x(), above ? rect.top() + 1 : rect.center().y());
-        const auto actions = Qt::CopyAction | Qt::MoveAction;
-        QWidget* target = tree()->viewport();
-        QDragEnterEvent enter(place, actions, data, Qt::LeftButton, modifiers);
-        QCoreApplication::sendEvent(target, &enter);
-        QDragMoveEvent move(place, actions, data, Qt::LeftButton, modifiers);
-        QCoreApplication::sendEvent(target, &move);
-        QDropEvent event(place, actions, data, Qt::LeftButton, modifiers);
-        event.setAccepted(false);
-        if (move.isAccepted())
-            QCoreApplication::sendEvent(target, &event);
-        else {
-            QDragLeaveEvent leave;
-            QCoreApplication::sendEvent(target, &leave);
-        }
-        return move.isAccepted() && event.isAccepted();
+        enterName(to);
     }
     QMimeData* dragOf(const QStringList& texts) const
     {
         QModelIndexList indexes;
         for (const QString& text : texts)
-            indexes << shown(text);
+            indexes << row(text);
         m_payload.reset(tree()->model()->mimeData(indexes));
         return m_payload.data();
     }
@@ -192,9 +139,7 @@ private Q_SLOTS:
         QCOMPARE(rows(), QStringList({"Project Swatches", "Whites", "Warm", "Cold", "Mine", "Red", "Green", "Blue",
                                       "Gels", "Straw"}));
         // The thumbnail has the colour, at the left of its row.
-        const QImage picture = tree()->viewport()->grab().toImage();
-        const QRect row = tree()->visualRect(shown("Red"));
-        QCOMPARE(picture.pixelColor(row.left() + 12, row.center().y()), QColor(255, 0, 0));
+        QCOMPARE(thumbnail("Red"), QColor(255, 0, 0));
         QSignalSpy current(m_view.data(), &SwatchView::currentColorChanged);
         QSignalSpy activated(m_view.data(), &SwatchView::colorActivated);
         click("Green");
@@ -268,7 +213,7 @@ private Q_SLOTS:
 
     void deletesAndBringsBack()
     {
-        const QStringList before = contentOf(*lib());
+        const QStringList before = linesOf(*lib());
         const QByteArray fileBefore = userColors();
         click("Red");
         click("Blue", Qt::ControlModifier);
@@ -280,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(!rows().contains("Mine") && !rows().contains("Green"));
         press(Qt::Key_Z, Qt::ControlModifier);
         press(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(contentOf(*lib()), before);
+        QCOMPARE(linesOf(*lib()), before);
         QCOMPARE(userColors(), fileBefore);
         QCOMPARE(lib()->get("{Blue}"), LXColor("#0000ff")); // references find it
         QVERIFY(rows().contains("Green"));
@@ -290,16 +235,13 @@ private Q_SLOTS:
             QVERIFY(!m_view->action(Action::Delete)->isEnabled());
             press(Qt::Key_Delete);
         }
-        QCOMPARE(contentOf(*lib()), before);
+        QCOMPARE(linesOf(*lib()), before);
     }
 
     void addsLists()
     {
         QTest::keyClick(tree(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
-        QLineEdit* editor = nullptr;
-        QTRY_VERIFY(editor = tree()->viewport()->findChild<QLineEdit*>());
-        QTest::keyClicks(editor, "Tour");
-        QTest::keyClick(editor, Qt::Key_Return);
+        enterName("Tour");
         QTRY_VERIFY(userColors().contains("Tour"));
         QCOMPARE(m_view->currentList(), QString("Tour"));
         const QString uid = m_view->addColor(LXColor("#123456"));
@@ -313,38 +255,34 @@ private Q_SLOTS:
 
     void dropsFromOutside_data()
     {
-        QTest::addColumn<QString>("format");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QStringList>("expected"); // names and values of what is added
+        // format, bytes, names and values of what is added
+        const Rows<QString, QByteArray, QStringList> row;
         const QString red = "aRgb;1;0;#ffffffff00000000";
         const QByteArray xy = "aYxy;1;0;65535;1.000000;0.300000;0.300000";
-        QTest::newRow("value") << LXCOLOR_MIME_TYPE << QByteArray("aRgb;1;0;#ffffffff00000000")
-                               << QStringList({"#ff0000=" + red});
-        QTest::newRow("uids that are unknown, with values")
-            << LXCOLOR_MIME_TYPE << QByteArray("{a,b}aRgb;1;0;#ffffffff00000000,{c}" + xy)
-            << QStringList({"#ff0000=" + red, "?=" + xy});
-        QTest::newRow("known uid") << LXCOLOR_MIME_TYPE << QByteArray("{Straw}aRgb;1;0;#ffff0000ffff0000")
-                                   << QStringList({"Straw=" + LXColor("#ffa500").aName()});
-        QTest::newRow("text, other lines are passed over")
-            << "text/plain" << QByteArray("#f00\nno colour\n  steelblue \r\n" + xy + "\n#12345")
-            << QStringList({"#f00=" + red, "steelblue=" + LXColor("steelblue").aName(), xy + "=" + xy});
+        row("value", LXCOLOR_MIME_TYPE, "aRgb;1;0;#ffffffff00000000", {"#ff0000=" + red});
+        row("uids that are unknown, with values", LXCOLOR_MIME_TYPE,
+            QByteArray("{a,b}aRgb;1;0;#ffffffff00000000,{c}" + xy), {"#ff0000=" + red, "?=" + xy});
+        row("known uid", LXCOLOR_MIME_TYPE, "{Straw}aRgb;1;0;#ffff0000ffff0000",
+            {"Straw=" + LXColor("#ffa500").aName()});
+        row("text, other lines are passed over", "text/plain",
+            QByteArray("#f00\nno colour\n  steelblue \r\n" + xy + "\n#12345"),
+            {"#f00=" + red, "steelblue=" + LXColor("steelblue").aName(), xy + "=" + xy});
         const quint16 words[4] = {0xffff, 0x8000, 0x0001, 0xffff};
-        QTest::newRow("colour of 16 bits")
-            << "application/x-color" << QByteArray(reinterpret_cast<const char*>(words), 8)
-            << QStringList("#ff8000=aRgb;1;0;#ffffffff80000001");
-        QTest::newRow("document as text")
-            << "text/plain"
-            << QByteArray("<L><ColorLibrary name='x'><Color name='Sun &lt;3' uid='{Red}' value='#ff0000'/>"
-                          "<Color name='None' value='what'/></ColorLibrary></L>")
-            << QStringList("Sun <3=" + red);
-        QTest::newRow("text that is none") << "text/plain" << QByteArray("Hello") << QStringList();
-        QTest::newRow("something else") << "image/png" << QByteArray("PNG") << QStringList();
+        row("colour of 16 bits", "application/x-color", QByteArray(reinterpret_cast<const char*>(words), 8),
+            {"#ff8000=aRgb;1;0;#ffffffff80000001"});
+        row("document as text", "text/plain",
+            "<L><ColorLibrary name='x'><Color name='Sun &lt;3' uid='{Red}' value='#ff0000'/>"
+            "<Color name='None' value='what'/></ColorLibrary></L>",
+            {"Sun <3=" + red});
+        row("text that is none", "text/plain", "Hello", {});
+        row("document that is not closed", "text/plain", "<ColorLibrary>", {});
+        row("document without end", "text/plain", "<ColorLibrary/>" + QByteArray("<a>").repeated(20000), {});
+        row("document without a colour", "text/plain", "<ColorLibrary><Color value='what'/></ColorLibrary>", {});
+        row("something else", "image/png", "PNG", {});
     }
     void dropsFromOutside()
     {
-        QFETCH(QString, format);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QStringList, expected);
+        const auto [format, bytes, expected] = fetched<QString, QByteArray, QStringList>();
         QMimeData data;
         data.setData(format, bytes);
         QCOMPARE(drop(&data, "Mine"), !expected.isEmpty());
@@ -360,18 +298,6 @@ private Q_SLOTS:
         QCOMPARE(names("Mine").mid(0, 3), QStringList({"Red", "Green", "Blue"}));
         QVERIFY(!drop(&data, "Whites")); // presets stay as they are
         m_view->undoStack()->undo();
-        QCOMPARE(names("Mine"), QStringList({"Red", "Green", "Blue"}));
-    }
-
-    void documentsThatAreNone()
-    {
-        for (const QByteArray& text :
-             {QByteArray("<ColorLibrary>"), "<ColorLibrary/>" + QByteArray("<a>").repeated(20000),
-              QByteArray("<ColorLibrary><Color value='what'/></ColorLibrary>")}) {
-            QMimeData data;
-            data.setText(text);
-            QVERIFY(!drop(&data, "Mine"));
-        }
         QCOMPARE(names("Mine"), QStringList({"Red", "Green", "Blue"}));
     }
 
@@ -408,7 +334,7 @@ private Q_SLOTS:
         QCOMPARE(data->colorData().value<QColor>(), QColor(255, 0, 0));
 
         // By the mouse: nobody takes it on the offscreen platform, and nothing is lost.
-        const QPoint from = tree()->visualRect(shown("Red")).center();
+        const QPoint from = tree()->visualRect(row("Red")).center();
         click("Red");
         QTest::mousePress(tree()->viewport(), Qt::LeftButton, {}, from);
         for (int way : {5, 40}) {
@@ -439,7 +365,7 @@ private Q_SLOTS:
         QSignalSpy refused(m_view.data(), &SwatchView::refused);
         for (int round = 0; round < 12; ++round) {
             m_view->undoStack()->clear();
-            const QStringList before = contentOf(*lib());
+            const QStringList before = linesOf(*lib());
             for (int step = 0; step < 12; ++step) {
                 m_view->setSearchText(random.bounded(4) == 0 ? "r" : "");
                 const QStringList all = rows();
@@ -457,7 +383,7 @@ private Q_SLOTS:
                     press(Qt::Key_Delete);
                     break;
                 case 2:
-                    tree()->model()->setData(shown(target), "Name " + QString::number(random.bounded(5)));
+                    tree()->model()->setData(row(target), "Name " + QString::number(random.bounded(5)));
                     break;
                 case 3:
                     if (QMimeData* data = dragOf({target}))
@@ -470,13 +396,13 @@ private Q_SLOTS:
                     m_view->setCurrentColor(LXColor(QColor::fromRgb(random.generate())));
                 }
             }
-            const QStringList after = contentOf(*lib());
+            const QStringList after = linesOf(*lib());
             while (m_view->undoStack()->canUndo())
                 m_view->undoStack()->undo();
-            QCOMPARE(contentOf(*lib()), before);
+            QCOMPARE(linesOf(*lib()), before);
             while (m_view->undoStack()->canRedo())
                 m_view->undoStack()->redo();
-            QCOMPARE(contentOf(*lib()), after);
+            QCOMPARE(linesOf(*lib()), after);
             m_view->grab();
         }
     }
@@ -507,9 +433,9 @@ private Q_SLOTS:
     void isToldInWords()
     {
         add("Mine", "Gel <103>", "aYxy;1;0;65535;1;0.46;0.41");
-        QCOMPARE(shown("Blue").data(Qt::AccessibleTextRole).toString(), QString("Blue, red 0, green 0, blue 255"));
-        QVERIFY(shown("Gel <103>").data(Qt::AccessibleTextRole).toString().endsWith("; x 0.4600, y 0.4100"));
-        QVERIFY(shown("Gel <103>").data(Qt::ToolTipRole).toString().contains("Gel &lt;103&gt;"));
+        QCOMPARE(row("Blue").data(Qt::AccessibleTextRole).toString(), QString("Blue, red 0, green 0, blue 255"));
+        QVERIFY(row("Gel <103>").data(Qt::AccessibleTextRole).toString().endsWith("; x 0.4600, y 0.4100"));
+        QVERIFY(row("Gel <103>").data(Qt::ToolTipRole).toString().contains("Gel &lt;103&gt;"));
         QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(tree());
         QVERIFY(interface);
         QCOMPARE(interface->text(QAccessible::Name), QString("Swatches"));
@@ -541,11 +467,7 @@ private Q_SLOTS:
 
 private:
     QString userFile() const { return LXColorLibrary::applicationSupportDir() + QLatin1String("\\userColors.xml"); }
-    QByteArray userColors() const
-    {
-        QFile file(userFile());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray userColors() const { return contentOf(userFile()); }
 
     QTemporaryDir m_home;
     QScopedPointer<Messages> m_messages;

@@ -1,9 +1,10 @@
 // The window on the swatches, from an empty project to a saved one and back, by mouse and keys.
 
+#include "Files.h"
 #include "LXColorLibrary.h"
 #include "MainWindow.h"
 #include "Session.h"
-#include "SwatchView.h"
+#include "TreeUser.h"
 
 #include <QAction>
 #include <QApplication>
@@ -15,31 +16,20 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QProcess>
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QTreeView>
-#include <QtTest>
 
 #include <functional>
 
-class TestLxSwatches : public QObject
+class TestLxSwatches : public QObject, TreeUser
 {
     Q_OBJECT
 
-    QTreeView* tree() const { return m_window->findChild<QTreeView*>("swatchTree"); }
-    QStringList rows() const
-    {
-        QStringList texts;
-        tree()->scrollToTop();
-        for (QModelIndex index = tree()->model()->index(0, 0); index.isValid(); index = tree()->indexBelow(index))
-            texts << index.data().toString();
-        return texts;
-    }
+    QTreeView* tree() const override { return m_window->findChild<QTreeView*>("swatchTree"); }
     /// The colours that are seen below a list.
     QStringList colorsOf(const QString& list) const
     {
@@ -48,27 +38,6 @@ class TestLxSwatches : public QObject
         for (int i = 0; i < tree()->model()->rowCount(index); ++i)
             names << tree()->model()->index(i, 0, index).data().toString();
         return names;
-    }
-    QModelIndex row(const QString& text) const
-    {
-        QModelIndex index = tree()->model()->index(0, 0);
-        while (index.isValid() && index.data().toString() != text)
-            index = tree()->indexBelow(index);
-        return index;
-    }
-    void click(const QString& text) const
-    {
-        const QModelIndex index = row(text);
-        QVERIFY2(index.isValid(), qPrintable(text));
-        tree()->scrollTo(index);
-        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualRect(index).center());
-    }
-    /// The middle of the thumbnail in a row, as it is on the screen.
-    QColor thumbnailAt(const QString& text) const
-    {
-        tree()->scrollTo(row(text));
-        const QRect rect = tree()->visualRect(row(text));
-        return tree()->viewport()->grab().toImage().pixelColor(rect.left() + 12, rect.center().y());
     }
     void press(int key, Qt::KeyboardModifiers modifiers) const
     {
@@ -130,36 +99,13 @@ class TestLxSwatches : public QObject
     {
         answer<QMessageBox>([button](QMessageBox* box) { QTest::mouseClick(box->button(button), Qt::LeftButton); });
     }
-    void drop(QMimeData* data, const QString& text) const
-    {
-        tree()->scrollTo(row(text));
-        const QPoint place = tree()->visualRect(row(text)).center();
-        const auto actions = Qt::CopyAction | Qt::MoveAction;
-        QDragEnterEvent enter(place, actions, data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(tree()->viewport(), &enter);
-        QDragMoveEvent move(place, actions, data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(tree()->viewport(), &move);
-        QVERIFY(move.isAccepted());
-        QDropEvent event(place, actions, data, Qt::LeftButton, {});
-        event.setAccepted(false);
-        QCoreApplication::sendEvent(tree()->viewport(), &event);
-    }
     QString titled() const
     {
         QString title = m_window->windowTitle();
         return title.replace("[*]", m_window->isWindowModified() ? "*" : "");
     }
-    QByteArray bytesOf(const QString& path) const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     QString file(const QString& name) const { return m_home.filePath(name); }
-    QString write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile out(file(name));
-        return out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() ? file(name) : QString();
-    }
+    QString write(const QString& name, const QByteArray& bytes) const { return writeFile(file(name), bytes); }
     void activate() const
     {
         m_window->activateWindow();
@@ -214,15 +160,11 @@ private Q_SLOTS:
 
         QMimeData color;
         color.setColorData(QColor(30, 80, 220));
-        drop(&color, "Project Swatches");
-        QCOMPARE(thumbnailAt("#1e50dc"), QColor(30, 80, 220));
+        QVERIFY(drop(&color, "Project Swatches"));
+        QCOMPARE(thumbnail("#1e50dc"), QColor(30, 80, 220));
         click("#1e50dc");
         QTest::keyClick(tree(), Qt::Key_F2);
-        QLineEdit* editor = nullptr;
-        QTRY_VERIFY(editor = tree()->viewport()->findChild<QLineEdit*>());
-        editor->selectAll();
-        QTest::keyClicks(editor, "Cyc");
-        QTest::keyClick(editor, Qt::Key_Return);
+        enterName("Cyc");
         QTRY_COMPARE(colorsOf("Project Swatches").last(), QString("Cyc"));
 
         answerWithFile(file("show")); // the ending is added
@@ -230,7 +172,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_answered);
         QCOMPARE(titled(), QString("show.xml – Swatches"));
         QDomDocument saved;
-        QVERIFY(saved.setContent(bytesOf(file("show.xml"))));
+        QVERIFY(saved.setContent(contentOf(file("show.xml"))));
         QCOMPARE(saved.elementsByTagName("Color").size(), 3);
         QCOMPARE(saved.elementsByTagName("Color").at(2).toElement().attribute("name"), QString("Cyc"));
 
@@ -254,7 +196,7 @@ private Q_SLOTS:
         press(Qt::Key_O, Qt::ControlModifier);
         QTRY_VERIFY(m_answered);
         QCOMPARE(colorsOf("Project Swatches"), QStringList({"5600 K", "2700 K, tint 10 %", "Cyc"}));
-        QCOMPARE(thumbnailAt("Cyc"), QColor(30, 80, 220));
+        QCOMPARE(thumbnail("Cyc"), QColor(30, 80, 220));
         QCOMPARE(titled(), QString("show.xml – Swatches"));
     }
 
@@ -276,7 +218,7 @@ private Q_SLOTS:
         type("cct", "6500");
         press("Replace Swatch");
         QCOMPARE(LXColorLibrary::Instance()->get("{5c3c5c1e-6d0a-4a52-9a39-2f6a4b1c0a06}").spec(), LXColor::Yxy);
-        const QColor white = thumbnailAt("Rose");
+        const QColor white = thumbnail("Rose");
         QVERIFY2(white.saturation() < 40 && white.value() > 220, qPrintable(white.name()));
         click("2000 K Candle");
         press("Replace Swatch"); // is off for presets
@@ -287,14 +229,11 @@ private Q_SLOTS:
     void staysForTheNextTime()
     {
         press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
-        QLineEdit* editor = nullptr;
-        QTRY_VERIFY(editor = tree()->viewport()->findChild<QLineEdit*>());
-        QTest::keyClicks(editor, "My gels");
-        QTest::keyClick(editor, Qt::Key_Return);
+        enterName("My gels");
         QTRY_VERIFY(row("My gels").isValid());
         QMimeData text;
         text.setText("#ff8000\n#00ff80");
-        drop(&text, "My gels");
+        QVERIFY(drop(&text, "My gels"));
         QTRY_COMPARE(colorsOf("My gels"), QStringList({"#ff8000", "#00ff80"}));
         QCOMPARE(titled(), QString("Untitled – Swatches")); // the project has not changed
         click("White Points");
@@ -339,7 +278,7 @@ private Q_SLOTS:
         type("cct", "4000");
         press("Add to Swatches");
         press(Qt::Key_S, Qt::ControlModifier);
-        const QByteArray after = bytesOf(path);
+        const QByteArray after = contentOf(path);
         for (const char* kept :
              {"<!-- B\xfchne -->", ">  two  spaces <![CDATA[<raw>]]></Cue>", "&amp; wait", "mine=\"kept\"",
               "mark=\"7\"", "<Note/>", "aFuture;1;2", "<?instruction stays?>", "encoding='ISO-8859-1'"})
@@ -362,15 +301,15 @@ private Q_SLOTS:
         const QString same = write("same.xml", before);
         QVERIFY(m_window->openDocument(same));
         press(Qt::Key_S, Qt::ControlModifier);
-        const QByteArray once = bytesOf(same);
+        const QByteArray once = contentOf(same);
         QVERIFY(m_window->openDocument(same));
         press(Qt::Key_S, Qt::ControlModifier);
-        QCOMPARE(bytesOf(same), once);
+        QCOMPARE(contentOf(same), once);
         const auto plain = [](QByteArray text) {
             text.replace('\'', '"').replace("&gt;", ">").replace("#ff0000", "").replace("#00ff00", "");
             return text;
         };
-        const QByteArray again = plain(bytesOf(same));
+        const QByteArray again = plain(contentOf(same));
         for (const QByteArray& line : plain(before).split('\n')) {
             if (!line.contains("<Color ") && !line.contains("<ColorLibrary "))
                 QVERIFY2(again.contains(line), line + "\n" + again);
@@ -410,7 +349,7 @@ private Q_SLOTS:
         QVERIFY(m_window->openDocument(path));
         const QStringList names = colorsOf("Project Swatches");
         press(Qt::Key_S, Qt::ControlModifier);
-        const QByteArray once = bytesOf(path);
+        const QByteArray once = contentOf(path);
         for (const QByteArray& text : kept)
             QVERIFY2(once.contains(text), text + '\n' + once);
         QVERIFY(QDomDocument().setContent(once));
@@ -418,11 +357,11 @@ private Q_SLOTS:
             click(names.last());
             QTest::keyClick(tree(), Qt::Key_Delete);
             press(Qt::Key_S, Qt::ControlModifier);
-            QVERIFY(bytesOf(path) != once);
+            QVERIFY(contentOf(path) != once);
             press(Qt::Key_Z, Qt::ControlModifier);
         }
         press(Qt::Key_S, Qt::ControlModifier);
-        const QByteArray again = bytesOf(path);
+        const QByteArray again = contentOf(path);
         for (const QByteArray& text : kept)
             QVERIFY2(again.contains(text), text + '\n' + again);
         QVERIFY(m_window->openDocument(path));
