@@ -52,10 +52,11 @@ QVector<Dialogue> readDialogues(const QString& path)
         const QString text = QString::fromUtf8(line.mid(2));
         if (line.startsWith('#') || line.isEmpty())
             continue;
-        if (line.startsWith('='))
-            all.append({text.trimmed(), {}, {}, {}, {}, {}});
-        else if (line.startsWith("$ lxcolor"))
-            all.last().arguments = QProcess::splitCommand(text).mid(1);
+        const QStringList arguments = QProcess::splitCommand(text.section("  == ", 0, 0)).mid(1);
+        if (line.startsWith("$ lxcolor"))
+            all.append({arguments.value(0) + ": " + text.section("  == ", -1), arguments, {}, {}, {}, {}});
+        else if (all.isEmpty())
+            return {};
         else if (line.startsWith('<'))
             all.last().input += line.mid(2) + '\n';
         else if (line.startsWith('>'))
@@ -85,7 +86,7 @@ private Q_SLOTS:
         const QVector<Dialogue> all = readDialogues(QStringLiteral(LXCOLOR_SOURCE_DIR "/tests/tool/dialogues.txt"));
         QVERIFY(all.size() > 100);
         for (const Dialogue& dialogue : all)
-            row((dialogue.arguments.value(0) + ": " + dialogue.reason).toUtf8(), dialogue);
+            row(dialogue.reason.toUtf8(), dialogue);
     }
     void dialogues()
     {
