@@ -1,17 +1,12 @@
-// The swatch library under a view, as an application shows it.
+// The swatch library under a view, where changes come in great numbers or without a word; what is done in a view is
+// tested with SwatchView.
 
-#include "LXColorLibraryItem.h"
 #include "LibrarySupport.h"
 
 #include <QApplication>
-#include <QDomDocument>
-#include <QLineEdit>
-#include <QMimeData>
 #include <QPixmap>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
-
-using Item = LXColorLibraryItem;
 
 namespace {
 
@@ -49,42 +44,6 @@ class TestLibraryViews : public LibraryTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsEditsAndDrags()
-    {
-        lib()->init(true, true, false);
-        lib()->createColorList("Mine", true);
-        lib()->createColorWithName(rgb(255, 0, 0), "Red", "{r}", "Mine", "R26");
-        SwatchView view(lib());
-        lib()->createColorWithName(rgb(0, 0, 255), "Blue", "{b}", "Mine", "");
-        lib()->createColorWithName(rgb(0, 0, 255, 1), "Glass", "{g}", "Mine", "");
-        view.paint();
-        QCOMPARE(view.visibleRows(),
-                 QStringList({"Explicit Colors", "Project Swatches", "Mine", "Red", "Blue", "Glass"}));
-
-        const QModelIndex blue = lib()->getIndexOfUid("{b}");
-        view.setCurrentIndex(blue);
-        view.edit(blue);
-        auto* editor = view.findChild<QLineEdit*>();
-        QVERIFY(editor);
-        editor->setText("Navy");
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_COMPARE(blue.data().toString(), QString("Navy"));
-        QTRY_VERIFY(!view.findChild<QLineEdit*>());
-        view.edit(blue);
-        QTRY_VERIFY(editor = view.findChild<QLineEdit*>());
-        editor->setText("Red"); // Taken.
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_VERIFY(!view.findChild<QLineEdit*>());
-        QCOMPARE(names("Mine"), QStringList({"Red", "Navy", "Glass"}));
-
-        view.selectAll(); // Glass cannot be selected, both columns of the others can.
-        const QScopedPointer<QMimeData> data(lib()->mimeData(view.selectedIndexes()));
-        const QString dragged = QString::fromLatin1(data->data("data/x-lxcolor-name"));
-        QCOMPARE(dragged.count("Red"), 1);
-        QCOMPARE(dragged.count("Navy"), 1);
-        QCOMPARE(dragged.count("Glass"), 0);
-    }
-
     void batchesAndRemovals()
     {
         lib()->init(true, true, true);
@@ -219,26 +178,6 @@ private Q_SLOTS:
         QCOMPARE(proxy.rowCount(shown), lib()->rowCount(list("Project Swatches")));
         for (int row = 0; row < proxy.rowCount(shown); ++row)
             QVERIFY(proxy.index(row, 0, shown).data().isValid());
-    }
-
-    void sortedProxy()
-    {
-        lib()->init(true, true, true);
-        lib()->createColorList("Mine", true);
-        QSortFilterProxyModel proxy;
-        proxy.setSourceModel(lib());
-        QTreeView view;
-        view.setModel(&proxy);
-        view.setRootIndex(proxy.mapFromSource(lib()->rootIndex()));
-        proxy.sort(0);
-        lib()->createColorWithName(rgb(1, 0, 0), "B", "", "Mine", "");
-        lib()->createColorWithName(rgb(1, 0, 0), "A", "{a}", "Mine", "");
-        const QModelIndex mine = proxy.mapFromSource(list("Mine"));
-        view.expandAll();
-        view.grab();
-        lib()->remove("{a}");
-        view.grab();
-        QCOMPARE(proxy.rowCount(mine), lib()->rowCount(list("Mine")));
     }
 };
 
