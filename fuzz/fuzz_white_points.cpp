@@ -1,4 +1,4 @@
-// White points of any numbers: nothing is undefined, results are within their ranges, and come back as they were made.
+// White points of any numbers: nothing is undefined, results are within their ranges, and what was made is read.
 #include "CCTImageUtils.h"
 #include "CCTUtils.h"
 #include "FuzzSupport.h"
@@ -30,25 +30,7 @@ QRect anyPicture(FuzzInput& input)
     return {0, 0, width, input.integer(smallest, largest)};
 }
 
-bool isBesideChangeOfPivot(int cct)
-{
-    for (const int start : {2100, 2700, 2850, 3500, 4000, 6500, 8000}) {
-        if (cct >= start && cct < start + 30)
-            return true;
-    }
-    return false;
-}
-
-/// The CCT of the table's step at or below \a cct.
-int cctOfStep(int cct)
-{
-    int region = 0;
-    while (!CCTUtils::cctIsInRegion(cct, region))
-        ++region;
-    const CCTRegion& data = CCTUtils::m_cctRegionTable[region];
-    return data.minCCT + CCTUtils::getNumCCTStepsFromCCT(region, cct) * data.stepCCT;
-}
-
+/// How near it comes back, tst_cct says for every CCT.
 void makeAndReadBack(FuzzInput& input)
 {
     const int cct = input.integer(1900, 11100);
@@ -56,16 +38,8 @@ void makeAndReadBack(FuzzInput& input)
     double u = 0.0, v = 0.0;
     const bool isMade = CCTUtils::getuvPrimeFromCCTAndTint(cct, tint, u, v);
     require(isMade == (cct >= 1950 && cct <= 11000), "the range of CCTs decides");
-    if (!isMade)
-        return;
     int backCct = 0, backTint = 0;
-    require(CCTUtils::getCCTAndTintFromuvPrime(u, v, backCct, backTint), "a white point that was made is read");
-    const QString details = QStringLiteral("%1 K %2 is %3 K %4").arg(cct).arg(tint).arg(backCct).arg(backTint);
-    const int step = cctOfStep(cct);
-    if (isBesideChangeOfPivot(cct))
-        require(std::abs(backCct - step) <= 30 && std::abs(backTint - tint) <= 305, "pivots change gently", details);
-    else
-        require(std::abs(backTint - tint) <= 1 && backCct == step, "a white point comes back", details);
+    require(!isMade || CCTUtils::getCCTAndTintFromuvPrime(u, v, backCct, backTint), "what was made is read");
 }
 
 void readAnyChromaticity(FuzzInput& input)

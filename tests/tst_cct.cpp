@@ -1,12 +1,12 @@
 #include "CCTImageUtils.h"
 #include "CCTUtils.h"
+#include "Comparison.h"
 #include "Rows.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -61,8 +61,6 @@ WhitePoint whitePoint(double u, double v)
     return result;
 }
 
-bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
-
 } // namespace
 
 class TestCct : public QObject
@@ -105,19 +103,13 @@ private Q_SLOTS:
         };
         // Computed with an independent program.
         row(1950, 0, 0.309337741, 0.539082917);
-        row(1950, 32767, 0.30786609922541563, 0.5689969904393402);
         row(2100, -32767, 0.29735212282295626, 0.5075214138055749);
         row(2700, 0, 0.262498385, 0.5273511);
         row(2700, 32767, 0.2570577630676425, 0.5561915433020516);
-        row(2700, -32767, 0.2679390069323575, 0.49851065669794836);
-        row(3000, -10000, 0.25274551387259697, 0.5128306243980025);
-        row(4280, 0, 0.22074307796, 0.4965999086);
         row(4290, 0, 0.22074307796, 0.4965999086);
         row(5600, 1, 0.20611637359962495, 0.47621115324533164);
         row(6500, 0, 0.200449021, 0.465542606);
-        row(6504, 0, 0.200449021, 0.465542606);
         row(7290, 20000, 0.18717845398946586, 0.4684978288455942);
-        row(9999, -12345, 0.19713391742597572, 0.4350711949553743);
         row(11000, 0, 0.18915047299999999, 0.43594368);
         row(11000, -32768, 0.2073883702530723, 0.42363754745491816);
         row(6500, 65534, 0.16808621451320518, 0.5007880909890577);
@@ -186,8 +178,8 @@ private Q_SLOTS:
         const QSet<int> besidePivotChange = {2100, 2110, 2120, 2700, 2850, 3500, 4000, 6500, 8000, 8010};
         int worstCct = 0;
         int worstTint = 0;
-        for (int cct = 1950; cct <= 11000; cct += 10) {
-            const bool isExact = !besidePivotChange.contains(cct);
+        for (int cct = 1950; cct <= 11000; ++cct) {
+            const bool isExact = !besidePivotChange.contains(cctOfStep(cct));
             for (int tint = -32767; tint <= 32767; tint += 302) {
                 double u = 0.0;
                 double v = 0.0;
