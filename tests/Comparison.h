@@ -3,6 +3,7 @@
 
 #include "ColorUtils.h"
 
+#include <QColor>
 #include <QDebug>
 #include <QStringList>
 #include <QVector>
@@ -49,6 +50,12 @@ inline QString printed(const QVector<double>& values)
     for (double v : values)
         texts << printed(v);
     return '(' + texts.join(", ") + ')';
+}
+
+/// The greatest difference of a component.
+inline int difference(const QColor& a, const QColor& b)
+{
+    return qMax(qMax(qAbs(a.red() - b.red()), qAbs(a.green() - b.green())), qAbs(a.blue() - b.blue()));
 }
 
 /// Seeded random input that likes the ends of ranges and what lies beyond them.

@@ -1,6 +1,7 @@
 #include "CCTImageUtils.h"
 #include "CCTUtils.h"
 #include "ChromaticityDiagram.h"
+#include "Comparison.h"
 #include "LXColor.h"
 #include "MatchReport.h"
 #include "Rows.h"
@@ -31,12 +32,6 @@ QImage painted(const Diagram& diagram, QSize size = QSize(500, 520), double rati
     QPainter painter(&image);
     diagram.paint(painter, QRect(QPoint(0, 0), size));
     return image;
-}
-
-/// The greatest difference of a component.
-int difference(const QColor& a, const QColor& b)
-{
-    return qMax(qMax(qAbs(a.red() - b.red()), qAbs(a.green() - b.green())), qAbs(a.blue() - b.blue()));
 }
 
 /// How many pixels differ. Qt does not promise that a text comes out the same to the last pixel each time.

@@ -76,16 +76,7 @@ double distanceToLine(QPointF a, QPointF b, QPointF p)
 
 } // namespace
 
-struct MatchCase
-{
-    LXColor color;
-    int ioMode;
-    bool passThrough;
-    Verdict verdict;
-    Side side;
-    const char* sentence;
-};
-Q_DECLARE_METATYPE(MatchCase)
+Q_DECLARE_METATYPE(LXColor)
 
 class TestMatchReport : public QObject
 {
@@ -94,10 +85,10 @@ class TestMatchReport : public QObject
 private Q_SLOTS:
     void verdicts_data()
     {
-        QTest::addColumn<MatchCase>("match");
-        const auto row = [](const char* name, const LXColor& color, int ioMode, bool passThrough, Verdict verdict,
-                            Side side, const char* sentence) {
-            QTest::newRow(name) << MatchCase{color, ioMode, passThrough, verdict, side, sentence};
+        const Rows<LXColor, int, bool, int, int, QString> rows;
+        const auto row = [&](const char* name, const LXColor& color, int ioMode, bool passThrough, Verdict verdict,
+                             Side side, const char* sentence) {
+            rows(name, color, ioMode, passThrough, int(verdict), int(side), sentence);
         };
         const int rgbw = ColorUtils::IOModeRGBW;
         const int single = ColorUtils::IOModeSingleChannel;
@@ -136,13 +127,14 @@ private Q_SLOTS:
     }
     void verdicts()
     {
-        QFETCH(MatchCase, match);
-        Target asked = target(ColorUtils::ProfileWashLineQP6RGBW, static_cast<ColorUtils::IOModeID>(match.ioMode));
-        asked.allowRgbPassThrough = match.passThrough;
-        const MatchReport report = MatchReport::make(match.color, asked);
-        QCOMPARE(report.sentence(), QString::fromUtf8(match.sentence));
-        QCOMPARE(int(report.verdict), int(match.verdict));
-        QCOMPARE(int(report.side), int(match.side));
+        const auto [color, ioMode, passThrough, verdict, side, sentence] =
+            fetched<LXColor, int, bool, int, int, QString>();
+        Target asked = target(ColorUtils::ProfileWashLineQP6RGBW, static_cast<ColorUtils::IOModeID>(ioMode));
+        asked.allowRgbPassThrough = passThrough;
+        const MatchReport report = MatchReport::make(color, asked);
+        QCOMPARE(report.sentence(), sentence);
+        QCOMPARE(int(report.verdict), verdict);
+        QCOMPARE(int(report.side), side);
         QCOMPARE(report.target.onboardCurve, 1); // the profile's own
         QCOMPARE(report.moved > 0.0, report.verdict == Verdict::MovedIntoGamut);
         if (report.verdict == Verdict::MovedIntoGamut)

@@ -3,6 +3,7 @@
 #include "CCTImageUtils.h"
 #include "CCTUtils.h"
 #include "ChromaticityDiagram.h"
+#include "Comparison.h"
 #include "FixtureGamut.h"
 #include "FixturePreview.h"
 #include "ScreenColor.h"
@@ -49,10 +50,6 @@ class TestPickers : public QObject
         QPainter painter(&image);
         widget->render(&painter);
         return image;
-    }
-    static int difference(const QColor& a, const QColor& b)
-    {
-        return qMax(qMax(qAbs(a.red() - b.red()), qAbs(a.green() - b.green())), qAbs(a.blue() - b.blue()));
     }
     /// Where the ring is, as a person finds it: the middle of the white circle around the displayed colour.
     static QPoint ringIn(const QImage& image)

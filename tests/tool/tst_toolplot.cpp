@@ -1,5 +1,6 @@
 #include "CCTUtils.h"
 #include "ChromaticityDiagram.h"
+#include "Comparison.h"
 #include "ToolSupport.h"
 
 #include <QImage>
@@ -8,11 +9,6 @@
 // lxcolor plot, from outside: what is in the picture, and that no picture is harmed.
 
 namespace {
-
-int difference(const QColor& a, const QColor& b)
-{
-    return qMax(qMax(qAbs(a.red() - b.red()), qAbs(a.green() - b.green())), qAbs(a.blue() - b.blue()));
-}
 
 QPointF pixelOf(const QJsonValue& place)
 {
