@@ -28,6 +28,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QByteArray bytes = input.rest();
     readFrom(bytes, color);
     askEverything(color);
+    const bool hasFace = color.spec() >= LXColor::Rgb && color.spec() <= LXColor::NChannel;
+    require(hasFace || (color.aName().isEmpty() && color != LXColor(color)),
+            "what has no face has no text, and no like");
+    require(hasFace || !color.isValid() || color.toRgb16(true).isBlack(), "what has no face is black");
     const QByteArray written = bytesOf(color);
     require(written.size() == 17, "the stream form has 17 bytes");
     require(bytes.size() < 17 || written == bytes.left(17), "what was read is written");

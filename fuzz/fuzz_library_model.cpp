@@ -161,7 +161,8 @@ QModelIndex walkFor(const LXColorLibrary& library, const Fits& fits)
         const QModelIndex parent = library.index(list, 0, root);
         for (int row = 0; row < library.rowCount(parent); ++row) {
             const QModelIndex index = library.index(row, 0, parent);
-            require(library.parent(index) == parent, "an entry knows its list");
+            const auto* node = static_cast<Item*>(index.internalPointer());
+            require(node->row() == row && library.parent(index) == parent, "an entry knows its place");
             if (fits(index))
                 return index;
         }
@@ -178,18 +179,24 @@ void compareLookUps(const QString& text, LXColorLibrary& library)
     };
     require(library.getIndexOfUid(text) == found(Item::UidRole), "a uid finds its first entry", text);
     require(library.containsUid(text) == found(Item::UidRole).isValid(), "a uid is known", text);
+    require(library.getIndexOfExplicitColor(text) == found(Item::ExplicitColorRole), "a key finds its entry", text);
     require(library.getIndexOfOldPreset(text) == found(Item::OldPresetRole), "an old preset finds its marker", text);
     require(library.getIndexOfOriginatingPreset(text) == found(Item::OriginatingPresetRole),
             "an originating preset finds its first entry", text);
     require(library.nameExists(text) == found(Qt::DisplayRole).isValid(), "a name is known", text);
-    const QModelIndex list = library.getIndexOfListId(text);
     const QModelIndex root = library.rootIndex();
-    QModelIndex walked;
-    for (int row = library.rowCount(root) - 1; row >= 0; --row) {
-        if (library.index(row, 0, root).data().toString() == text)
-            walked = library.index(row, 0, root);
-    }
-    require(list == walked, "a name finds its list", text);
+    require(library.getIndexOfName(text, root) == found(Qt::EditRole), "a name finds its first entry", text);
+    const auto listOf = [&](const QString& name) {
+        int row = 0;
+        while (row < library.rowCount(root) && library.index(row, 0, root).data().toString() != name)
+            ++row;
+        return library.index(row, 0, root);
+    };
+    require(library.getIndexOfListId(text) == listOf(text), "a name finds its list", text);
+    QString free = text;
+    for (int number = 2; listOf(free).isValid(); ++number)
+        free = text + ' ' + QString::number(number);
+    require(library.getNewColorListName(text) == free, "a new list gets the first free name", text);
     library.getColors(text);
     library.getColorUids(text);
     library.pathOfUid(text);
@@ -221,10 +228,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
             watched.requireSilence();
             if (kept.isValid())
                 library->data(kept);
+            for (const char* text : {"{1}", "Red", "Red 2", "A", "A/Red"})
+                compareLookUps(QString::fromLatin1(text), *library);
         }
         compareLookUps(anyText(input), *library);
-        for (const char* text : {"{1}", "Red", "A", "A/Red"})
-            compareLookUps(QString::fromLatin1(text), *library);
         watched.requireSilence();
     }
     if (isSaved) {

@@ -1,3 +1,4 @@
+// Streams, debug output and drags of a colour; any bytes in a stream are for fuzz_color_stream.
 #include "LXColor.h"
 #include "Support.h"
 
@@ -7,7 +8,6 @@
 #include <QScopedPointer>
 
 #include <algorithm>
-#include <random>
 
 Q_DECLARE_METATYPE(LXColor)
 
@@ -95,32 +95,6 @@ private Q_SLOTS:
         const LXColor nothing = readInto(LXColor(1, 2, 3, 4), QByteArray());
         QVERIFY(!nothing.isValid());
         QCOMPARE(nothing.alpha16(), 0u);
-    }
-
-    void anyBytes()
-    {
-        std::mt19937 random(2718);
-        const QVector<quint32> words = {0,     1,          35999,      36000,      36001,      359999,     0x7ff00000,
-                                        0xfff, 0x7ff80000, 0xfffffffe, 0xffffffff, 0x80000000, 0x3ff00000, 0x43f00000};
-        const auto wordCount = static_cast<uint>(words.size());
-        for (const int spec : {0, 1, 2, 3, 4, 5, 127, -128, -1}) {
-            for (int i = 0; i < 300; ++i) {
-                QByteArray bytes;
-                QDataStream stream(&bytes, QIODevice::WriteOnly);
-                stream << static_cast<qint8>(spec);
-                for (int word = 0; word < 4; ++word)
-                    stream << (i % 3 ? words[static_cast<int>(random() % wordCount)] : static_cast<quint32>(random()));
-                LXColor color = LXColor::fromNChannel16({1, 2, 3}, CU::ConfigRGBW, CU::ProfileWashLineQP6RGBW);
-                color = readInto(color, bytes);
-                QCOMPARE(static_cast<int>(color.spec()), spec);
-                QCOMPARE(bytesOf(color), bytes);
-                if (spec < 1 || spec > 4) {
-                    QVERIFY(color != LXColor(color));
-                    QVERIFY(spec == 0 || color.toRgb16(true).isBlack());
-                    QCOMPARE(color.aName(), QString());
-                }
-            }
-        }
     }
 
     void debugForm_data()
