@@ -346,11 +346,16 @@ private Q_SLOTS:
         QCOMPARE(lib()->getNewColorListName("Presets"), QString("Presets"));
         userList("Presets");
         QCOMPARE(lib()->getNewColorListName("Presets"), QString("Presets 3"));
+        userList("Presets 3");
+        QCOMPARE(lib()->getNewColorListName("Presets"), QString("Presets 4"));
+        lib()->removeRows(list("Presets 2").row(), 1, lib()->rootIndex());
+        userList("Presets 2"); // The number that was given back is taken again.
+        QCOMPARE(lib()->getNewColorListName("Presets"), QString("Presets 4"));
         lib()->createColorList("", false);
         lib()->createColorList("", false);
-        QCOMPARE(listNames().mid(4), QStringList({"", " 2"}));
+        QCOMPARE(listNames().mid(5), QStringList({"", " 2"}));
         lib()->createColor(rgb(1, 1, 1), "u", "", "", ""); // Into the nameless list, not into a new one.
-        QCOMPARE(lib()->getIndexOfUid("u").parent().row(), 4);
+        QCOMPARE(lib()->getIndexOfUid("u").parent().row(), 5);
     }
 
     void dragPayload()
