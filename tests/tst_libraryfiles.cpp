@@ -188,7 +188,8 @@ private Q_SLOTS:
         setDebugOutput(false);
     }
 
-    // Files that cannot be taken over whole are kept before the first save replaces them.
+    // Files that cannot be taken over whole are kept before the first save replaces them. What else is refused as one
+    // that is cut, tst_hostile knows.
     void filesThatAreKept_data()
     {
         const Rows<QByteArray, QStringList, bool> row;
@@ -224,17 +225,6 @@ private Q_SLOTS:
         more("text", document(two + "notes"), both);
         row("Latin-1", document(two + "<ColorLibrary name='\xfc' isUserLibrary='1'/>"), both, true);
         row("control character", document(two + "<ColorLibrary name='\1' isUserLibrary='1'/>"), both, true);
-        row("deep nesting", document(two + QByteArray("<a>").repeated(100000) + QByteArray("</a>").repeated(100000)),
-            QStringList(), true);
-        QByteArray attributes = "<x";
-        for (int i = 0; i < 100000; ++i)
-            attributes += " a" + QByteArray::number(i) + "=''";
-        row("too many attributes", document(two + attributes + "/>"), QStringList(), true);
-        QByteArray entities = "<!DOCTYPE x [<!ENTITY e0 'lol'>";
-        for (char i = '1'; i <= '9'; ++i)
-            entities += QByteArray("<!ENTITY e") + i + " '" +
-                        QByteArray("&e").append(char(i - 1)).append(';').repeated(10) + "'>";
-        row("entities", entities + "]>" + document(userListElement("&e9;")), QStringList(), true);
     }
     void filesThatAreKept()
     {
