@@ -304,283 +304,276 @@ class TestReference : public QuietTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void scalarFunctions();
-    void smallSystems();
-    void levelArrays();
-    void matching();
-    void rewrittenEmitters();
-    void colours();
-    void texts();
-    void output();
-    void compositing();
-};
-
-void TestReference::scalarFunctions()
-{
-    using CU = ColorUtils;
-    using Ratio = void (*)(ushort*, double*, int);
-    const QString differences =
-        compareAll("square law", CU::dmx16ToSquareLawDimRatio, Ratio(nullptr), reference::squareLawRatio) +
-        compareAll("tungsten", CU::dmx16ToTungstenDimRatio, Ratio(nullptr), reference::tungstenRatio) +
-        compareAll("linear 8", CU::pwm16ToMNormDLinearRes8, CU::pwmToMNormDLinearRes8, reference::linearRes8) +
-        compareAll("normal 8", CU::pwm16ToMNormDNormRes8, CU::pwmToMNormDNormRes8, reference::normalRes8) +
-        compareAll("normal 16", CU::pwm16ToMNormDNormRes16, CU::pwmToMNormDNormRes16, reference::normalRes16) +
-        compareAll("tungsten 8", CU::pwm16ToMNormDTungstenRes8, CU::pwmToMNormDTungstenRes8, reference::tungstenRes8) +
-        compareAll("tungsten 16", CU::pwm16ToMNormDTungstenRes16, CU::pwmToMNormDTungstenRes16,
-                   reference::tungstenRes16) +
-        compareAll("lut16BitToBit", CU::lut16BitToBit, static_cast<void (*)(ushort*, uchar*, int)>(nullptr),
-                   reference::lut16BitToBit);
-    QCOMPARE(differences, QString());
-    for (int type = -1; type <= 3; ++type) {
-        for (int v = 0; v < 65536; ++v) {
-            uchar byte = 0;
-            ushort word = 0;
-            CurveFactory::Instance()->getCurve(type)->applyCurve(v & 255, &byte);
-            CurveFactory::Instance()->getCurve(type)->applyCurve(v, &word);
-            if (byte != reference::softwareCurve8(type, v & 255) || word != reference::softwareCurve16(type, v))
-                QFAIL(qPrintable(QString("curve %1 at %2: %3, %4").arg(type).arg(v).arg(byte).arg(word)));
-        }
-    }
-}
-
-void TestReference::smallSystems()
-{
-    repeat(100000, 1, [](Dice& dice, QStringList* story) {
-        const auto coefficient = [&] { return (dice.anything() - 0.5) * std::ldexp(1.0, dice.number(-20, 20)); };
-        const double m[2][3] = {{coefficient(), coefficient(), coefficient()},
-                                {coefficient(), coefficient(), coefficient()}};
-        tell(story, [&] { return printed(QVector<double>{m[0][0], m[0][1], m[0][2], m[1][0], m[1][1], m[1][2]}); });
-        QVector<double> got(2), expected(2);
-        ColorUtils::gaussianEliminationTwoByThree(m, got[0], got[1]);
-        reference::eliminate(m, expected[0], expected[1]);
-        const auto f = [&](int i, int j) { return static_cast<float>(m[i][j]); };
-        const float max = dice.pick({255.0f, 65535.0f});
-        const QPointF v(m[0][0], m[0][1]), w = dice.chance(8) ? v : QPointF(m[0][2], m[1][0]), p(m[1][1], m[1][2]);
-        QPointF gotPoint, expectedPoint;
-        got << ColorUtils::quadraticSolver(f(0, 0), f(0, 1), f(0, 2), f(1, 0), max)
-            << ColorUtils::minDistance(v, w, p, gotPoint) << gotPoint.x() << gotPoint.y();
-        expected << reference::quadraticSolver(f(0, 0), f(0, 1), f(0, 2), f(1, 0), max)
-                 << reference::minDistance(v, w, p, expectedPoint) << expectedPoint.x() << expectedPoint.y();
-        double gotYxy[3];
-        ColorUtils::convertXYZtoYxy(m[0], gotYxy);
-        const reference::Yxy light = reference::fromXYZ(m[0][0], m[0][1], m[0][2]);
-        if (!std::isnan(m[0][0] + m[0][1] + m[0][2])) {
-            got << gotYxy[0] << gotYxy[1] << gotYxy[2];
-            expected << light.Y << light.x << light.y;
-        }
-        const std::vector<double> ratios{dice.anything(), dice.anything(), dice.anything()};
-        got << ColorUtils::validateDimmingRatio(QVector<double>(ratios.begin(), ratios.end()));
-        expected << reference::validateDimmingRatio(ratios);
-        return compared("elimination, root, distance, nearest, Yxy, validity", got, expected);
-    });
-}
-
-void TestReference::levelArrays()
-{
-    repeat(50000, 2, [](Dice& dice, QStringList* story) {
-        QVector<double> levels(dice.number(0, 7));
-        for (double& level : levels)
-            level = dice.anything();
-        const int resolution = dice.number(-1, 3);
-        const int type = dice.number(-1, 7);
-        const int mode = dice.pick({0, 1, 2, 3, 3, 3, 4});
-        tell(story,
-             [&] { return "resolution, curve, mode, levels: " + printed(numbers(resolution, type, mode) + levels); });
-        const uchar untouched = 0xa5;
-        QVector<uchar> bytes(20, untouched);
-        ColorUtils::applyCurve(levels.size(), resolution, levels.data(), bytes.data(), type, mode);
-        QVector<quint8> expectedBytes = reference::applyCurve(resolution, levels, type, mode);
-        while (expectedBytes.size() < bytes.size())
-            expectedBytes << untouched;
-        QVector<ushort> words(levels.size()), pwm(levels.size());
-        ColorUtils::applyCurve16(levels.size(), levels.data(), words.data(), type, mode);
-        ColorUtils::nChannelFToPWM(levels.data(), pwm.data(), levels.size());
-        QVector<ushort> expectedPwm;
-        for (double level : levels)
-            expectedPwm << reference::toPwm(level);
-        if (bytes != expectedBytes)
-            return "bytes: got " + printed(bytes) + ", expected " + printed(expectedBytes);
-        if (words != reference::applyCurve16(levels, type, mode))
-            return "words: got " + printed(words) + ", expected " +
-                   printed(reference::applyCurve16(levels, type, mode));
-        return pwm == expectedPwm ? QString() : "pwm: got " + printed(pwm) + ", expected " + printed(expectedPwm);
-    });
-}
-
-void TestReference::matching() { repeat(300000, 3, compareSolutions); }
-
-// Emitter vectors are handed out by reference; who changes one must find the change in the next conversion.
-void TestReference::rewrittenEmitters()
-{
-    const auto id = ColorUtils::ProfileFlareFlashQVS;
-    const auto cc = ColorUtils::ConfigRGBAW;
-    Tristimulus* library = TristimulusFactory::getInstance()->getTristimulus(id, cc);
-    reference::Record& model = reference::record(id, cc);
-    const reference::Record original = model;
-    const auto copy = [&] {
-        library->getX() = model.X;
-        library->getY() = model.Y;
-        library->getZ() = model.Z;
-    };
-    Dice outer(4);
-    for (int round = 0; round < 60; ++round) {
-        const int emitters = outer.number(3, 6);
-        for (QVector<double>* values : {&model.X, &model.Y, &model.Z}) {
-            values->resize(emitters);
-            for (double& value : *values)
-                value = std::abs(1000 * outer.ratio());
-        }
-        if (round % 3 == 0) // two emitters alike: singular systems
-            model.X[1] = model.X[0], model.Y[1] = model.Y[0], model.Z[1] = model.Z[0];
-        copy();
-        if (round % 4 != 0) { // otherwise the gamut is still the old one
-            model.calculatePolygon();
-            library->calculatePolygon();
-        }
-        repeat(400, outer.bits(), [&](Dice& dice, QStringList* story) {
-            tell(story, [&] {
-                return "emitters X " + printed(model.X) + " Y " + printed(model.Y) + " Z " + printed(model.Z);
-            });
-            return compareSolutions(dice, story);
-        });
-        if (QTest::currentTestFailed())
-            break;
-    }
-    model = original;
-    copy();
-    library->calculatePolygon();
-}
-
-void TestReference::colours()
-{
-    repeat(80000, 5, [](Dice& dice, QStringList* story) {
-        Pair pair{{}, {}, story};
-        Pair other{{}, {}, story};
-        QString difference = make(dice, pair);
-        difference += pair.difference("readings", [](const auto& c) { return readings(c); });
-        const auto cc = static_cast<ColorUtils::ChannelConfiguration>(dice.configuration());
-        const auto id = dice.profile();
-        const int curve = curveType(dice);
-        tell(story, [&] { return "configuration, profile, curve: " + printed(numbers(cc, id, curve)); });
-        difference += pair.difference("toYxy", [=](const auto& c) { return stored(c.toYxy(cc, id, curve)); });
-        difference +=
-            pair.difference("toNChannel16", [=](const auto& c) { return stored(c.toNChannel16(cc, id, curve)); });
-        difference += pair.difference("toRgb16", [=](const auto& c) { return stored(c.toRgb16(false)); });
-        difference += pair.difference("toHsv16", [=](const auto& c) { return stored(c.toHsv16()); });
-        difference += pair.difference("light", [](const auto& c) {
-            return QVector<double>{c.getY(), c.getx(), c.gety()};
-        });
-        for (int spec = -1; spec <= 5; ++spec)
-            difference += pair.difference("convertTo", [=](const auto& c) {
-                return stored(c.convertTo(static_cast<LXColor::Spec>(spec), cc, id));
-            });
-        // Equality with itself, with a neighbour one step away, and with the neighbour brought back.
-        other.library = pair.library;
-        other.model = pair.model;
-        if (dice.chance(2))
-            step(dice, other);
-        if ((pair.library == other.library) != (pair.model == other.model) ||
-            (pair.library != other.library) == (pair.model == other.model))
-            difference += "equality";
-        return difference + other.difference();
-    });
-}
-
-void TestReference::texts()
-{
-    const QStringList names = QColor::colorNames();
-    repeat(60000, 6, [&](Dice& dice, QStringList* story) {
-        Pair pair{{}, {}, story};
-        QString difference = make(dice, pair);
-        difference += pair.difference("aName", [](const auto& c) { return c.aName(); });
-        difference += pair.difference("name", [](const auto& c) { return c.name(); });
-        difference += pair.difference("name8", [](const auto& c) { return c.name8(); });
-        difference += pair.difference("nameFull8", [](const auto& c) { return c.nameFull8(); });
-        if (!difference.isEmpty())
-            return difference;
-        // Texts: written by a colour, hexadecimal of any length, a name; then perhaps damaged.
-        QString text = pair.library.aName();
-        if (dice.chance(3)) {
-            text = dice.chance(2) ? "#" : QString("aRgb;%1;%2;#").arg(dice.configuration()).arg(dice.profile());
-            for (int i = dice.chance(3) ? dice.number(0, 20) : dice.pick({6, 8, 12, 16}); i > 0; --i)
-                text += dice.pick({'0', '1', '8', '9', 'a', 'F', 'c', 'E', 'b', 'D', 'f', '7'});
-        } else if (dice.chance(6)) {
-            text = names[dice.number(0, names.size() - 1)];
-        }
-        for (int damage = dice.chance(2) ? dice.number(1, 3) : 0; damage > 0 && !text.isEmpty(); --damage) {
-            const int at = dice.number(0, text.size() - 1);
-            const QChar c(dice.pick<ushort>({';', '#', '-', '.', 'e', 'g', '0', '9', ' ', 'R', 0xe9, 0x100, 0x20ac}));
-            switch (dice.number(0, 3)) {
-            case 0:
-                text.remove(at, 1);
-                break;
-            case 1:
-                text.insert(at, c);
-                break;
-            case 2:
-                text.truncate(at);
-                break;
-            default:
-                text[at] = c;
+    void scalarFunctions()
+    {
+        using CU = ColorUtils;
+        using Ratio = void (*)(ushort*, double*, int);
+        const QString differences =
+            compareAll("square law", CU::dmx16ToSquareLawDimRatio, Ratio(nullptr), reference::squareLawRatio) +
+            compareAll("tungsten", CU::dmx16ToTungstenDimRatio, Ratio(nullptr), reference::tungstenRatio) +
+            compareAll("linear 8", CU::pwm16ToMNormDLinearRes8, CU::pwmToMNormDLinearRes8, reference::linearRes8) +
+            compareAll("normal 8", CU::pwm16ToMNormDNormRes8, CU::pwmToMNormDNormRes8, reference::normalRes8) +
+            compareAll("normal 16", CU::pwm16ToMNormDNormRes16, CU::pwmToMNormDNormRes16, reference::normalRes16) +
+            compareAll("tungsten 8", CU::pwm16ToMNormDTungstenRes8, CU::pwmToMNormDTungstenRes8,
+                       reference::tungstenRes8) +
+            compareAll("tungsten 16", CU::pwm16ToMNormDTungstenRes16, CU::pwmToMNormDTungstenRes16,
+                       reference::tungstenRes16) +
+            compareAll("lut16BitToBit", CU::lut16BitToBit, static_cast<void (*)(ushort*, uchar*, int)>(nullptr),
+                       reference::lut16BitToBit);
+        QCOMPARE(differences, QString());
+        for (int type = -1; type <= 3; ++type) {
+            for (int v = 0; v < 65536; ++v) {
+                uchar byte = 0;
+                ushort word = 0;
+                CurveFactory::Instance()->getCurve(type)->applyCurve(v & 255, &byte);
+                CurveFactory::Instance()->getCurve(type)->applyCurve(v, &word);
+                if (byte != reference::softwareCurve8(type, v & 255) || word != reference::softwareCurve16(type, v))
+                    QFAIL(qPrintable(QString("curve %1 at %2: %3, %4").arg(type).arg(v).arg(byte).arg(word)));
             }
         }
-        pair.apply(MEMBER(setNamedColor), text);
-        return pair.difference();
-    });
-}
+    }
 
-void TestReference::output()
-{
-    repeat(200000, 7, [](Dice& dice, QStringList* story) {
-        Pair pair{{}, {}, story};
-        QString difference = make(dice, pair);
-        const bool allow = dice.chance(2);
-        const bool clamp = !dice.chance(4);
-        const int count = dice.number(-1, 8);
-        const int resolution = dice.number(-1, 3);
-        const int mode = dice.number(-1, 10);
-        const int direct = dice.number(-1, 7);
-        const int onboard = dice.number(-1, 7);
-        const ProfileId target = dice.chance(3) ? pair.library.getTonematchProfileID() : dice.profile();
-        tell(story, [&] {
-            return "target, mode, count, resolution, curves, pass through, clamp: " +
-                   printed(numbers(target, mode, count, resolution, direct, onboard, allow, clamp));
+    void smallSystems()
+    {
+        repeat(100000, 1, [](Dice& dice, QStringList* story) {
+            const auto coefficient = [&] { return (dice.anything() - 0.5) * std::ldexp(1.0, dice.number(-20, 20)); };
+            const double m[2][3] = {{coefficient(), coefficient(), coefficient()},
+                                    {coefficient(), coefficient(), coefficient()}};
+            tell(story, [&] { return printed(QVector<double>{m[0][0], m[0][1], m[0][2], m[1][0], m[1][1], m[1][2]}); });
+            QVector<double> got(2), expected(2);
+            ColorUtils::gaussianEliminationTwoByThree(m, got[0], got[1]);
+            reference::eliminate(m, expected[0], expected[1]);
+            const auto f = [&](int i, int j) { return static_cast<float>(m[i][j]); };
+            const float max = dice.pick({255.0f, 65535.0f});
+            const QPointF v(m[0][0], m[0][1]), w = dice.chance(8) ? v : QPointF(m[0][2], m[1][0]), p(m[1][1], m[1][2]);
+            QPointF gotPoint, expectedPoint;
+            got << ColorUtils::quadraticSolver(f(0, 0), f(0, 1), f(0, 2), f(1, 0), max)
+                << ColorUtils::minDistance(v, w, p, gotPoint) << gotPoint.x() << gotPoint.y();
+            expected << reference::quadraticSolver(f(0, 0), f(0, 1), f(0, 2), f(1, 0), max)
+                     << reference::minDistance(v, w, p, expectedPoint) << expectedPoint.x() << expectedPoint.y();
+            double gotYxy[3];
+            ColorUtils::convertXYZtoYxy(m[0], gotYxy);
+            const reference::Yxy light = reference::fromXYZ(m[0][0], m[0][1], m[0][2]);
+            if (!std::isnan(m[0][0] + m[0][1] + m[0][2])) {
+                got << gotYxy[0] << gotYxy[1] << gotYxy[2];
+                expected << light.Y << light.x << light.y;
+            }
+            const std::vector<double> ratios{dice.anything(), dice.anything(), dice.anything()};
+            got << ColorUtils::validateDimmingRatio(QVector<double>(ratios.begin(), ratios.end()));
+            expected << reference::validateDimmingRatio(ratios);
+            return compared("elimination, root, distance, nearest, Yxy, validity", got, expected);
         });
-        bool converted = false;
-        bool expectedConverted = false;
-        const QScopedArrayPointer<double> levels(
-            ColorUtils::convertLXColorToNChannelF(converted, pair.library, allow, count, target, mode, clamp));
-        difference +=
-            compared("levels", QVector<double>(levels.data(), levels.data() + qMax(0, count)),
-                     reference::outputLevels(expectedConverted, pair.model, allow, count, target, mode, clamp));
-        if (converted != expectedConverted)
-            difference += "converted flag";
-        const auto got =
-            ColorUtils::updateBuffer(direct, onboard, pair.library, allow, count, resolution, mode, target);
-        const auto expected =
-            reference::updateBuffer(direct, onboard, pair.model, allow, count, resolution, mode, target);
-        if (got != expected)
-            difference += "bytes: got " + printed(got) + ", expected " + printed(expected);
-        return difference;
-    });
-}
+    }
 
-void TestReference::compositing()
-{
-    repeat(60000, 8, [](Dice& dice, QStringList* story) {
-        Pair below{{}, {}, story};
-        Pair above{{}, {}, story};
-        QString difference = make(dice, below);
-        tell(story, [&] { return QString("under"); });
-        difference += make(dice, above);
-        if (dice.chance(3)) // of one kind, so that no conversion comes first
-            above = below;
-        above.apply(MEMBER(setAlphaF), dice.ratio());
-        ColorUtils::updateColor(below.library, above.library);
-        reference::updateColor(below.model, above.model);
-        return difference + below.difference();
-    });
-}
+    void levelArrays()
+    {
+        repeat(50000, 2, [](Dice& dice, QStringList* story) {
+            QVector<double> levels(dice.number(0, 7));
+            for (double& level : levels)
+                level = dice.anything();
+            const int resolution = dice.number(-1, 3);
+            const int type = dice.number(-1, 7);
+            const int mode = dice.pick({0, 1, 2, 3, 3, 3, 4});
+            tell(story, [&] {
+                return "resolution, curve, mode, levels: " + printed(numbers(resolution, type, mode) + levels);
+            });
+            const uchar untouched = 0xa5;
+            QVector<uchar> bytes(20, untouched);
+            ColorUtils::applyCurve(levels.size(), resolution, levels.data(), bytes.data(), type, mode);
+            QVector<quint8> expectedBytes = reference::applyCurve(resolution, levels, type, mode);
+            while (expectedBytes.size() < bytes.size())
+                expectedBytes << untouched;
+            QVector<ushort> words(levels.size()), pwm(levels.size());
+            ColorUtils::applyCurve16(levels.size(), levels.data(), words.data(), type, mode);
+            ColorUtils::nChannelFToPWM(levels.data(), pwm.data(), levels.size());
+            QVector<ushort> expectedPwm;
+            for (double level : levels)
+                expectedPwm << reference::toPwm(level);
+            if (bytes != expectedBytes)
+                return "bytes: got " + printed(bytes) + ", expected " + printed(expectedBytes);
+            if (words != reference::applyCurve16(levels, type, mode))
+                return "words: got " + printed(words) + ", expected " +
+                       printed(reference::applyCurve16(levels, type, mode));
+            return pwm == expectedPwm ? QString() : "pwm: got " + printed(pwm) + ", expected " + printed(expectedPwm);
+        });
+    }
+
+    void matching() { repeat(300000, 3, compareSolutions); }
+
+    // Emitter vectors are handed out by reference; who changes one must find the change in the next conversion.
+    void rewrittenEmitters()
+    {
+        const auto id = ColorUtils::ProfileFlareFlashQVS;
+        const auto cc = ColorUtils::ConfigRGBAW;
+        Tristimulus* library = TristimulusFactory::getInstance()->getTristimulus(id, cc);
+        reference::Record& model = reference::record(id, cc);
+        const reference::Record original = model;
+        const auto copy = [&] {
+            library->getX() = model.X;
+            library->getY() = model.Y;
+            library->getZ() = model.Z;
+        };
+        Dice outer(4);
+        for (int round = 0; round < 60; ++round) {
+            const int emitters = outer.number(3, 6);
+            for (QVector<double>* values : {&model.X, &model.Y, &model.Z}) {
+                values->resize(emitters);
+                for (double& value : *values)
+                    value = std::abs(1000 * outer.ratio());
+            }
+            if (round % 3 == 0) // two emitters alike: singular systems
+                model.X[1] = model.X[0], model.Y[1] = model.Y[0], model.Z[1] = model.Z[0];
+            copy();
+            if (round % 4 != 0) { // otherwise the gamut is still the old one
+                model.calculatePolygon();
+                library->calculatePolygon();
+            }
+            repeat(400, outer.bits(), [&](Dice& dice, QStringList* story) {
+                tell(story, [&] {
+                    return "emitters X " + printed(model.X) + " Y " + printed(model.Y) + " Z " + printed(model.Z);
+                });
+                return compareSolutions(dice, story);
+            });
+            if (QTest::currentTestFailed())
+                break;
+        }
+        model = original;
+        copy();
+        library->calculatePolygon();
+    }
+
+    void colours()
+    {
+        repeat(80000, 5, [](Dice& dice, QStringList* story) {
+            Pair pair{{}, {}, story};
+            Pair other{{}, {}, story};
+            QString difference = make(dice, pair);
+            difference += pair.difference("readings", [](const auto& c) { return readings(c); });
+            const auto cc = static_cast<ColorUtils::ChannelConfiguration>(dice.configuration());
+            const auto id = dice.profile();
+            const int curve = curveType(dice);
+            tell(story, [&] { return "configuration, profile, curve: " + printed(numbers(cc, id, curve)); });
+            difference += pair.difference("toYxy", [=](const auto& c) { return stored(c.toYxy(cc, id, curve)); });
+            difference +=
+                pair.difference("toNChannel16", [=](const auto& c) { return stored(c.toNChannel16(cc, id, curve)); });
+            difference += pair.difference("toRgb16", [=](const auto& c) { return stored(c.toRgb16(false)); });
+            difference += pair.difference("toHsv16", [=](const auto& c) { return stored(c.toHsv16()); });
+            difference += pair.difference("light", [](const auto& c) {
+                return QVector<double>{c.getY(), c.getx(), c.gety()};
+            });
+            for (int spec = -1; spec <= 5; ++spec)
+                difference += pair.difference("convertTo", [=](const auto& c) {
+                    return stored(c.convertTo(static_cast<LXColor::Spec>(spec), cc, id));
+                });
+            // Equality with itself, with a neighbour one step away, and with the neighbour brought back.
+            other.library = pair.library;
+            other.model = pair.model;
+            if (dice.chance(2))
+                step(dice, other);
+            if ((pair.library == other.library) != (pair.model == other.model) ||
+                (pair.library != other.library) == (pair.model == other.model))
+                difference += "equality";
+            return difference + other.difference();
+        });
+    }
+
+    void texts()
+    {
+        const QStringList names = QColor::colorNames();
+        repeat(60000, 6, [&](Dice& dice, QStringList* story) {
+            Pair pair{{}, {}, story};
+            QString difference = make(dice, pair);
+            difference += pair.difference("aName", [](const auto& c) { return c.aName(); });
+            difference += pair.difference("name", [](const auto& c) { return c.name(); });
+            difference += pair.difference("name8", [](const auto& c) { return c.name8(); });
+            difference += pair.difference("nameFull8", [](const auto& c) { return c.nameFull8(); });
+            if (!difference.isEmpty())
+                return difference;
+            // Texts: written by a colour, hexadecimal of any length, a name; then perhaps damaged.
+            QString text = pair.library.aName();
+            if (dice.chance(3)) {
+                text = dice.chance(2) ? "#" : QString("aRgb;%1;%2;#").arg(dice.configuration()).arg(dice.profile());
+                for (int i = dice.chance(3) ? dice.number(0, 20) : dice.pick({6, 8, 12, 16}); i > 0; --i)
+                    text += dice.pick({'0', '1', '8', '9', 'a', 'F', 'c', 'E', 'b', 'D', 'f', '7'});
+            } else if (dice.chance(6)) {
+                text = names[dice.number(0, names.size() - 1)];
+            }
+            for (int damage = dice.chance(2) ? dice.number(1, 3) : 0; damage > 0 && !text.isEmpty(); --damage) {
+                const int at = dice.number(0, text.size() - 1);
+                const QChar c(
+                    dice.pick<ushort>({';', '#', '-', '.', 'e', 'g', '0', '9', ' ', 'R', 0xe9, 0x100, 0x20ac}));
+                switch (dice.number(0, 3)) {
+                case 0:
+                    text.remove(at, 1);
+                    break;
+                case 1:
+                    text.insert(at, c);
+                    break;
+                case 2:
+                    text.truncate(at);
+                    break;
+                default:
+                    text[at] = c;
+                }
+            }
+            pair.apply(MEMBER(setNamedColor), text);
+            return pair.difference();
+        });
+    }
+
+    void output()
+    {
+        repeat(200000, 7, [](Dice& dice, QStringList* story) {
+            Pair pair{{}, {}, story};
+            QString difference = make(dice, pair);
+            const bool allow = dice.chance(2);
+            const bool clamp = !dice.chance(4);
+            const int count = dice.number(-1, 8);
+            const int resolution = dice.number(-1, 3);
+            const int mode = dice.number(-1, 10);
+            const int direct = dice.number(-1, 7);
+            const int onboard = dice.number(-1, 7);
+            const ProfileId target = dice.chance(3) ? pair.library.getTonematchProfileID() : dice.profile();
+            tell(story, [&] {
+                return "target, mode, count, resolution, curves, pass through, clamp: " +
+                       printed(numbers(target, mode, count, resolution, direct, onboard, allow, clamp));
+            });
+            bool converted = false;
+            bool expectedConverted = false;
+            const QScopedArrayPointer<double> levels(
+                ColorUtils::convertLXColorToNChannelF(converted, pair.library, allow, count, target, mode, clamp));
+            difference +=
+                compared("levels", QVector<double>(levels.data(), levels.data() + qMax(0, count)),
+                         reference::outputLevels(expectedConverted, pair.model, allow, count, target, mode, clamp));
+            if (converted != expectedConverted)
+                difference += "converted flag";
+            const auto got =
+                ColorUtils::updateBuffer(direct, onboard, pair.library, allow, count, resolution, mode, target);
+            const auto expected =
+                reference::updateBuffer(direct, onboard, pair.model, allow, count, resolution, mode, target);
+            if (got != expected)
+                difference += "bytes: got " + printed(got) + ", expected " + printed(expected);
+            return difference;
+        });
+    }
+
+    void compositing()
+    {
+        repeat(60000, 8, [](Dice& dice, QStringList* story) {
+            Pair below{{}, {}, story};
+            Pair above{{}, {}, story};
+            QString difference = make(dice, below);
+            tell(story, [&] { return QString("under"); });
+            difference += make(dice, above);
+            if (dice.chance(3)) // of one kind, so that no conversion comes first
+                above = below;
+            above.apply(MEMBER(setAlphaF), dice.ratio());
+            ColorUtils::updateColor(below.library, above.library);
+            reference::updateColor(below.model, above.model);
+            return difference + below.difference();
+        });
+    }
+};
 
 QTEST_GUILESS_MAIN(TestReference)
 
