@@ -14,25 +14,6 @@ Outcome runInShell(const QString& script)
 
 QStringList dmx(const QStringList& colors, const char* options) { return QStringList("dmx") + colors + words(options); }
 
-QString joined(const QList<unsigned char>& bytes)
-{
-    QStringList numbers;
-    for (const unsigned char byte : bytes)
-        numbers << QString::number(byte);
-    return numbers.join(',');
-}
-
-const QStringList kColors = {"steelblue",
-                             "#80ff8000",
-                             "#123456789abc",
-                             "aRgb;1;0;#ffffffff80000000",
-                             "aYxy;1;0;65535;1.000000;0.459900;0.410600",
-                             "aYxy;1;0;32768;0.500000;0.150000;0.020000",
-                             "aNchannel;3;6;65535;100;20000;300;65535;0",
-                             "aNchannel;3;6;65535;100;20000;300;65535;1",
-                             "aNchannel;4;4;65535;32768;0",
-                             "black"};
-
 /// A case of dialogues.txt.
 struct Dialogue
 {
@@ -109,44 +90,6 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).isEmpty());
     }
 
-    void dmxBytesAreTheLibrarys_data()
-    {
-        const Rows<int, QString, int, int> row;
-        row("RGBAW, default mode makes five of three", 1, "", ColorUtils::IOModeRGBToRGBAW, 5);
-        row("RGBAW one to one, by its layout", 1, "rgbaw", ColorUtils::IOModeRGBAW, 5);
-        row("RGBAW as an RGB fixture", 1, "0", ColorUtils::IOModeRGB, 3);
-        row("RGBWW one to one", 2, "RGBWW In/Out", ColorUtils::IOModeRGBWW, 5);
-        row("generic RGBW, fed three channels by a mode not in its list", 3, "rgb", ColorUtils::IOModeRGB, 3);
-        row("single channel", 4, "", ColorUtils::IOModeSingleChannel, 1);
-        row("RGBW, by the beginning of a mode", 6, "rgb in / ", ColorUtils::IOModeRGBToRGBW, 4);
-        row("RGB with an onboard curve", 7, "", ColorUtils::IOModeRGB, 3);
-    }
-    void dmxBytesAreTheLibrarys()
-    {
-        const auto [fixture, mode, modeId, channels] = fetched<int, QString, int, int>();
-        const auto id = static_cast<ColorUtils::TonematchProfileID>(fixture);
-        QStringList arguments = QStringList{"dmx", "--fixture", QString::number(fixture), "--format", "dec"} + kColors;
-        if (!mode.isEmpty())
-            arguments += {"--io-mode", mode};
-        const int ownCurve = ColorUtils::defaultCurveTypeForTonematchProfileID(id);
-
-        const auto compare = [&, modeId = modeId, channels = channels](const QStringList& options, int directCurve,
-                                                                       int onboardCurve, bool passThrough, int bytes) {
-            const Outcome outcome = run(arguments + options);
-            QCOMPARE(outcome.err, QString());
-            QCOMPARE(outcome.status, 0);
-            QStringList expected;
-            for (const QString& color : kColors)
-                expected << joined(ColorUtils::updateBuffer(directCurve, onboardCurve, LXColor(color), passThrough,
-                                                            channels, bytes, modeId, id));
-            QCOMPARE(outcome.lines(), expected);
-        };
-        compare({}, 0, ownCurve, false, 1);
-        compare({"--bits", "16", "--allow-rgb-pass-through"}, 0, ownCurve, true, 2);
-        compare({"--direct-curve", "tung", "--onboard-curve", "LINEAR"}, 2, 0, false, 1);
-        compare({"--direct-curve", "1", "--onboard-curve", "2", "--bits", "16"}, 1, 2, false, 2);
-    }
-
     void swatches()
     {
         const QString blue = "\x1b[48;2;70;130;180m";
@@ -154,17 +97,6 @@ private Q_SLOTS:
         QVERIFY(run(words("convert|steelblue|--to|hsv|--format|table|--swatches|always")).out.contains(blue));
         // Standard output is a pipe here.
         QVERIFY(!run(dmx({"steelblue"}, "--fixture|6")).out.contains('\x1b'));
-    }
-
-    // What cct prints for programs, it reads.
-    void cctFromColors()
-    {
-        const Outcome made = run(words("cct|2700|5600|--tint|-2000|--format|value"));
-        const Outcome back = succeed(words("cct|--from|-|--json"), made.out.toUtf8());
-        QCOMPARE(back.lines().size(), 2);
-        QCOMPARE(back.json(0).value("kelvin").toInt(), 2700);
-        QCOMPARE(back.json(1).value("kelvin").toInt(), 5600);
-        QVERIFY(qAbs(back.json(1).value("tint").toInt() + 2000) < 5); // six decimals of x and y
     }
 
     void matchJson()
