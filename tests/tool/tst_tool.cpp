@@ -14,28 +14,41 @@ Outcome runInShell(const QString& script)
 
 QStringList dmx(const QStringList& colors, const char* options) { return QStringList("dmx") + colors + words(options); }
 
+using Files = QMap<QString, QByteArray>;
+
 /// A case of dialogues.txt.
 struct Dialogue
 {
     QString reason;
     QStringList arguments, lines, contains, refusal;
     QByteArray input;
+    int status = -1;
+    Files files, written;
 };
 
 QVector<Dialogue> readDialogues(const QString& path)
 {
     QVector<Dialogue> all;
+    Files files;
+    QString openFile;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     while (!file.atEnd()) {
         const QByteArray line = file.readLine().chopped(1);
         const QString text = QString::fromUtf8(line.mid(2));
+        if (line.startsWith("# ----"))
+            files.clear();
         if (line.startsWith('#') || line.isEmpty())
             continue;
         const QStringList arguments = QProcess::splitCommand(text.section("  == ", 0, 0)).mid(1);
         if (line.startsWith("$ lxcolor"))
-            all.append({arguments.value(0) + ": " + text.section("  == ", -1), arguments, {}, {}, {}, {}});
+            all.append(
+                {arguments.value(0) + ": " + text.section("  == ", -1), arguments, {}, {}, {}, {}, -1, files, {}});
+        else if (line.startsWith('@'))
+            files[openFile = text];
+        else if (line.startsWith('|') && files.contains(openFile))
+            files[openFile] += line.mid(2) + '\n';
         else if (all.isEmpty())
             return {};
         else if (line.startsWith('<'))
@@ -46,6 +59,10 @@ QVector<Dialogue> readDialogues(const QString& path)
             all.last().contains << text;
         else if (line.startsWith('!'))
             all.last().refusal << text;
+        else if (line.startsWith('*'))
+            all.last().status = text.toInt();
+        else if (line.startsWith('+'))
+            all.last().written[text.section(' ', 0, 0)] = files.value(text.section(' ', 1));
         else
             return {};
     }
@@ -72,22 +89,57 @@ private Q_SLOTS:
     void dialogues()
     {
         const auto [dialogue] = fetched<Dialogue>();
-        const QTemporaryDir folder;
+        const Folder folder;
+        for (auto it = dialogue.files.cbegin(); it != dialogue.files.cend(); ++it)
+            folder.write(it.key(), it.value());
         QProcess process;
-        process.setWorkingDirectory(folder.path());
+        process.setWorkingDirectory(folder.path(QString()));
         process.start(program(), dialogue.arguments);
         process.write(dialogue.input);
         process.closeWriteChannel();
         const Outcome outcome = finish(process);
-        if (dialogue.refusal.isEmpty())
+        if (dialogue.status >= 0)
+            QCOMPARE(outcome.status, dialogue.status);
+        else if (dialogue.refusal.isEmpty())
             QVERIFY2(ok(outcome), qPrintable(outcome.err));
         else
-            verifyRefused({outcome.status, QString(), outcome.err}, dialogue.refusal);
+            verifyRefused({outcome.status, QString(), outcome.err}, {});
+        for (const QString& text : dialogue.refusal)
+            QVERIFY2(outcome.err.contains(text), qPrintable(text + "\nis missing in\n" + outcome.err));
         if (dialogue.contains.isEmpty())
             QCOMPARE(outcome.lines(), dialogue.lines);
         for (const QString& text : dialogue.contains)
             QVERIFY2(outcome.out.contains(text), qPrintable(text + "\nis missing in\n" + outcome.out));
-        QVERIFY(QDir(folder.path()).isEmpty());
+        Files expected = dialogue.files;
+        for (auto it = dialogue.written.cbegin(); it != dialogue.written.cend(); ++it)
+            expected[it.key()] = it.value().isEmpty() ? folder.read(it.key()) : it.value();
+        QCOMPARE(QDir(folder.path(QString())).entryList(QDir::Files, QDir::Name), QStringList(expected.keys()));
+        for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+            QCOMPARE(folder.read(it.key()), it.value());
+    }
+
+    // What no text file can hold.
+    void binaryAndHugeFiles()
+    {
+        const Folder folder;
+        const QString cut = folder.write("cut.aco", QByteArray("\0\1\0\1", 4));
+        verifyRefused(run({"palette", "convert", cut, folder.path("out.css")}), {"cut.aco: byte 4: "});
+        const QString deep = folder.write("deep.xml", QByteArray("<a>").repeated(100000));
+        verifyRefused(run({"swatches", deep}), {"deep.xml:1:", "nested"});
+    }
+
+    void shippedFilesAreGood()
+    {
+        const QString resources = QStringLiteral(LXCOLOR_SOURCE_DIR "/LXColor/resources/");
+        QStringList arguments{"check", resources + "FixtureProfiles.xml"};
+        for (const QString& name : QDir(resources + "Presets").entryList(QDir::Files))
+            arguments << resources + "Presets/" + name;
+        QVERIFY(arguments.size() > 3);
+        const Outcome outcome = run(arguments);
+        QCOMPARE(outcome.out, QString());
+        QCOMPARE(outcome.err,
+                 QString("lxcolor: 0 errors, 0 warnings, 0 notes in %1 files\n").arg(arguments.size() - 1));
+        QCOMPARE(outcome.status, 0);
     }
 
     void swatches()
