@@ -128,6 +128,39 @@ private Q_SLOTS:
         verifyRefused(run({"swatches", deep}), {"deep.xml:1:", "nested"});
     }
 
+    void databaseBesideTheProgramPlaysNoPart()
+    {
+        const auto database = [](const QByteArray& red, std::initializer_list<int> profiles) {
+            QByteArray text;
+            for (const int profile : profiles)
+                text += "<Profile index='" + QByteArray::number(profile) + "'><Channel name='" + red +
+                        "' index='0' X='6' Y='3' Z='1'/><Channel index='1' X='2' Y='7' Z='1'/>"
+                        "<Channel index='2' X='1' Y='1' Z='8'/></Profile>";
+            return "<Profiles>" + text + "</Profiles>";
+        };
+        const Folder folder;
+        const QString copy = folder.path("bin/lxcolor");
+        QVERIFY(QDir().mkpath(folder.path("bin")) && QFile::copy(program(), copy));
+        folder.write("FixtureProfiles.xml", database("Crimson", {0, 7}));
+        const auto fixturesOf = [](const QString& tool, const QStringList& options) {
+            QProcess process;
+            process.start(tool, QStringList{"fixtures", "--json"} + options);
+            return QJsonDocument::fromJson(finish(process).out.toUtf8()).array();
+        };
+        const auto red = [](const QJsonArray& fixtures, int fixture) {
+            return fixtures[fixture].toObject()["emitters"].toArray()[0].toObject()["name"].toString();
+        };
+        const QJsonArray before = fixturesOf(program(), {});
+        const QJsonArray withBeside = fixturesOf(copy, {});
+        QCOMPARE(red(withBeside, 0) + red(withBeside, 7), QString("CrimsonCrimson"));
+        const QJsonArray withFile =
+            fixturesOf(copy, {"--profiles", folder.write("profiles.xml", database("Scarlet", {7}))});
+        QCOMPARE(red(withFile, 7), QString("Scarlet"));
+        for (int i = 0; i < before.size(); ++i)
+            if (i != 7)
+                QCOMPARE(withFile.at(i), before.at(i));
+    }
+
     void shippedFilesAreGood()
     {
         const QString resources = QStringLiteral(LXCOLOR_SOURCE_DIR "/LXColor/resources/");
