@@ -46,7 +46,8 @@ QVector<Dialogue> readDialogues(const QString& path)
             all.append(
                 {arguments.value(0) + ": " + text.section("  == ", -1), arguments, {}, {}, {}, {}, -1, files, {}});
         else if (line.startsWith('@'))
-            files[openFile = text];
+            files[openFile = text.section(' ', 0, 0)] =
+                text.contains(' ') ? text.section(' ', 1).toUtf8() + '\n' : QByteArray();
         else if (line.startsWith('|') && files.contains(openFile))
             files[openFile] += line.mid(2) + '\n';
         else if (all.isEmpty())
@@ -159,6 +160,32 @@ private Q_SLOTS:
         for (int i = 0; i < before.size(); ++i)
             if (i != 7)
                 QCOMPARE(withFile.at(i), before.at(i));
+    }
+
+    // All slots of all frames, a blank line being none; however many threads work on them.
+    void framesAsBytes()
+    {
+        const Folder folder;
+        const QString patch = folder.write("patch.json", R"({"fixtures": [{"fixture": 6, "slot": 10, "count": 2},
+                                                            {"fixture": 1, "universe": 2, "slot": 1}]})");
+        const QByteArray input = "steelblue\n\n0.16,0.015 white  steelblue\n-\tsteelblue -\n";
+        const QStringList lines = succeed({"render", patch}, input).lines();
+        QCOMPARE(lines.size(), 3 * 2);
+        QCOMPARE(succeed({"render", patch, "--universe", "2"}, input).lines().value(2), lines[5].section(' ', 1));
+        QByteArray expected;
+        for (const QString& line : lines) {
+            for (const QString& slot : line.section(' ', 1).split(','))
+                expected += static_cast<char>(slot.toInt());
+        }
+        QCOMPARE(expected.size(), 3 * 2 * 512);
+        for (const char* threads : {"1", "3"}) {
+            QProcess process;
+            process.start(program(), {"render", patch, "--format", "raw", "--threads", threads});
+            process.write(input);
+            process.closeWriteChannel();
+            QVERIFY(process.waitForFinished());
+            QCOMPARE(process.readAllStandardOutput().toHex(), expected.toHex());
+        }
     }
 
     void shippedFilesAreGood()
