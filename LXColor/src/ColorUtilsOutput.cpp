@@ -11,6 +11,7 @@
 #include "SolverCache_p.h"
 
 #include <QVarLengthArray>
+#include <QtEndian>
 
 #include <algorithm>
 #include <limits>
@@ -60,18 +61,39 @@ public:
     {
         if (m_givesNothing)
             return;
+        if (const quint8* const drives = m_inverse8 ? m_inverse8->table() : nullptr) {
+            writeInverse(drives, levels, count, out);
+            return;
+        }
+        if (const quint16* const drives = m_inverse16 ? m_inverse16->table() : nullptr) {
+            writeInverse(drives, levels, count, out);
+            return;
+        }
         for (int k = 0; k < count; ++k) {
             if (m_resolution == 1) {
                 *out++ = drive8(levels[k]);
                 continue;
             }
-            const quint16 value = drive16(levels[k]);
-            *out++ = static_cast<unsigned char>(value >> 8);
-            *out++ = static_cast<unsigned char>(value & 0xff);
+            qToBigEndian(drive16(levels[k]), out);
+            out += 2;
         }
     }
 
 private:
+    /// In two steps, because in a single one the compiler makes a branch for levels of 0, which nobody can foresee.
+    template <typename Drive>
+    static void writeInverse(const Drive* drives, const double* levels, int count, unsigned char* out)
+    {
+        constexpr int kAtOnce = 64;
+        quint16 light[kAtOnce];
+        for (int begin = 0; begin < count; begin += kAtOnce) {
+            const int part = std::min(kAtOnce, count - begin);
+            std::transform(levels + begin, levels + begin + part, light, lxcolor::roundTo16);
+            for (int k = 0; k < part; ++k, out += sizeof(Drive))
+                qToBigEndian(drives[light[k]], out);
+        }
+    }
+
     quint8 drive8(double level) const
     {
         if (m_isInverse) {
@@ -124,7 +146,7 @@ lxcolor::OutputRequest outputRequest(const LXColor& color, ColorUtils::Tonematch
     else if (color.spec() == LXColor::NChannel)
         face = Face::NChannel;
     return {face,
-            color.getNChannelRenderType() == LXColor::NChannelColorimetric,
+            face == Face::NChannel && color.getNChannelRenderType() == LXColor::NChannelColorimetric,
             color.getTonematchProfileID(),
             color.getChannelConfiguration(),
             targetProfile,
@@ -258,8 +280,7 @@ public:
             }
             double Yxy[3];
             Output::readLight(color, Yxy);
-            m_requests[m_matchedCount] = {Yxy[1], Yxy[2]};
-            m_intensities[m_matchedCount] = Yxy[0];
+            m_lights[m_matchedCount] = {Yxy[0], {Yxy[1], Yxy[2]}};
             m_matched[m_matchedCount++] = i;
         }
         if (m_matchedCount > 0)
@@ -278,6 +299,11 @@ private:
     /// Those that are solved, or the others.
     void write(bool solved, const DriveCurve& curve, int count, int resolution, unsigned char* out)
     {
+        const bool isDense = m_used == count && resolution <= 2;
+        if (isDense && m_solvedCount == (solved ? m_colorCount : 0)) {
+            curve.write(m_levels.data(), m_colorCount * count, out);
+            return;
+        }
         const auto stride = static_cast<size_t>(count) * static_cast<size_t>(resolution);
         for (int i = 0; i < m_colorCount; ++i, out += stride)
             if (m_isSolved[i] == solved)
@@ -288,16 +314,19 @@ private:
 
     void match(Tristimulus& record, int emitterCount)
     {
-        for (int r = 0; r < m_matchedCount; ++r)
-            record.closestPtOnGamut(m_requests[r].x, m_requests[r].y, m_requests[r].x, m_requests[r].y);
-        lxcolor::LevelSet solved[kMostColors];
-        lxcolor::solveForRecord(record.profileID(), emittersOf(record), emitterCount, m_requests, m_matchedCount,
-                                solved);
-        for (int r = 0; r < m_matchedCount; ++r) {
-            double* const levels = levelsOf(m_matched[r]);
-            for (int k = 0; k < std::min(emitterCount, m_used); ++k)
-                levels[k] = solved[r].level[k] * m_intensities[r];
+        record.moveIntoGamut(m_lights, m_matchedCount);
+        const auto solve = [&](double* levels, int stride) {
+            lxcolor::solveForRecord(record.profileID(), emittersOf(record), emitterCount, m_lights, m_matchedCount,
+                                    levels, stride);
+        };
+        if (m_matchedCount == m_colorCount && emitterCount <= m_used) {
+            solve(m_levels.data(), m_used);
+            return;
         }
+        double levels[kMostColors * lxcolor::kMaxEmitters];
+        solve(levels, emitterCount);
+        for (int r = 0; r < m_matchedCount; ++r)
+            std::copy_n(levels + r * emitterCount, std::min(emitterCount, m_used), levelsOf(m_matched[r]));
     }
 
     const LXColor* const* m_colors;
@@ -308,8 +337,7 @@ private:
     int m_solvedCount = 0;
     int m_matchedCount = 0;
     int m_matched[kMostColors];
-    double m_intensities[kMostColors];
-    lxcolor::Chromaticity m_requests[kMostColors];
+    lxcolor::Yxy m_lights[kMostColors];
 };
 
 void ColorUtils::convertLXColorsToDMX(const LXColor* const* colors, int colorCount, bool allowRgbPassThrough, int count,

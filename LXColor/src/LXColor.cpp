@@ -164,14 +164,6 @@ void LXColor::storeY(double Y)
     m_words[2] = static_cast<quint32>(bits >> 32);
 }
 
-double LXColor::storedY() const
-{
-    const quint64 bits = m_words[1] | (static_cast<quint64>(m_words[2]) << 32);
-    double Y;
-    std::memcpy(&Y, &bits, sizeof Y);
-    return Y;
-}
-
 void LXColor::storeYxy(double Y, double x, double y)
 {
     m_spec = Yxy;

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+#include <cstring>
+
 class QDataStream;
 class QDebug;
 class QLinearGradient;
@@ -383,7 +385,13 @@ private:
     void storeWords(Spec spec, quint32 word0, quint32 word1, quint32 word2);
     void storeFace(Spec spec, quint32 word0, quint32 word1, quint32 word2, quint32 alpha, TonematchProfileID profile);
     void storeY(double Y);
-    double storedY() const;
+    double storedY() const
+    {
+        const quint64 bits = m_words[1] | (static_cast<quint64>(m_words[2]) << 32);
+        double Y;
+        std::memcpy(&Y, &bits, sizeof Y);
+        return Y;
+    }
     void storeYxy(double Y, double x, double y);
     void rebuildAsYxy(double Y, double x, double y);
     quint32 rgbWord(int word) const
