@@ -3,6 +3,7 @@
 #include "ColorWords_p.h"
 #include "CornerSolver_p.h"
 #include "CurveFactory.h"
+#include "CurveLookup_p.h"
 #include "FixtureTables_p.h"
 #include "LXColor.h"
 #include "OnboardInverse_p.h"
@@ -47,13 +48,7 @@ public:
 
     quint16 drive16(double level) const
     {
-        if (m_isInverse) {
-            const quint16 light = lxcolor::roundTo16(level);
-            return m_inverse16 ? (*m_inverse16)(light) : light;
-        }
-        quint16 value = 0;
-        m_software->applyCurve(lxcolor::truncateTo16(level), &value);
-        return value;
+        return m_isInverse ? inverse16(lxcolor::roundTo16(level)) : software16(lxcolor::truncateTo16(level));
     }
 
     /// The bytes of \a count levels, one or two for each.
@@ -61,53 +56,42 @@ public:
     {
         if (m_givesNothing)
             return;
-        if (const quint8* const drives = m_inverse8 ? m_inverse8->table() : nullptr) {
-            writeInverse(drives, levels, count, out);
-            return;
-        }
-        if (const quint16* const drives = m_inverse16 ? m_inverse16->table() : nullptr) {
-            writeInverse(drives, levels, count, out);
-            return;
-        }
-        for (int k = 0; k < count; ++k) {
-            if (m_resolution == 1) {
-                *out++ = drive8(levels[k]);
-                continue;
-            }
-            qToBigEndian(drive16(levels[k]), out);
-            out += 2;
-        }
+        if (m_isInverse && m_resolution == 1)
+            writeEach(levels, count, out, lxcolor::roundTo16, [this](quint16 light) { return inverse8(light); });
+        else if (m_isInverse)
+            writeEach(levels, count, out, lxcolor::roundTo16, [this](quint16 light) { return inverse16(light); });
+        else if (m_resolution == 1)
+            writeEach(levels, count, out, lxcolor::roundTo8, [this](quint16 value) { return software8(value); });
+        else
+            writeEach(levels, count, out, lxcolor::truncateTo16, [this](quint16 value) { return software16(value); });
     }
 
 private:
+    quint8 inverse8(quint16 light) const { return m_inverse8 ? (*m_inverse8)(light) : lxcolor::linearDrive8(light); }
+    quint16 inverse16(quint16 light) const { return m_inverse16 ? (*m_inverse16)(light) : light; }
+    quint8 software8(quint16 value) const { return lxcolor::CurveLookup::value8(*m_software, value); }
+    quint16 software16(quint16 value) const { return lxcolor::CurveLookup::value16(*m_software, value); }
+
     /// In two steps, because in a single one the compiler makes a branch for levels of 0, which nobody can foresee.
-    template <typename Drive>
-    static void writeInverse(const Drive* drives, const double* levels, int count, unsigned char* out)
+    template <typename Round, typename Drive>
+    static void writeEach(const double* levels, int count, unsigned char* out, Round round, Drive drive)
     {
         constexpr int kAtOnce = 64;
-        quint16 light[kAtOnce];
+        quint16 values[kAtOnce];
         for (int begin = 0; begin < count; begin += kAtOnce) {
             const int part = std::min(kAtOnce, count - begin);
-            std::transform(levels + begin, levels + begin + part, light, lxcolor::roundTo16);
-            for (int k = 0; k < part; ++k, out += sizeof(Drive))
-                qToBigEndian(drives[light[k]], out);
+            std::transform(levels + begin, levels + begin + part, values, round);
+            for (int k = 0; k < part; ++k) {
+                const auto value = drive(values[k]);
+                qToBigEndian(value, out);
+                out += sizeof value;
+            }
         }
-    }
-
-    quint8 drive8(double level) const
-    {
-        if (m_isInverse) {
-            const quint16 light = lxcolor::roundTo16(level);
-            return m_inverse8 ? (*m_inverse8)(light) : lxcolor::linearDrive8(light);
-        }
-        quint8 value = 0;
-        m_software->applyCurve(lxcolor::roundTo8(level), &value);
-        return value;
     }
 
     bool m_isInverse;
     int m_resolution;
-    Curve* m_software;
+    const Curve* m_software;
     lxcolor::OnboardInverse<quint8>* m_inverse8;
     lxcolor::OnboardInverse<quint16>* m_inverse16;
     bool m_givesNothing;

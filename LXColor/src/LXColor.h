@@ -16,6 +16,10 @@ class QDebug;
 class QLinearGradient;
 class QMimeData;
 
+namespace lxcolor {
+struct RgbWords;
+}
+
 /// The MIME type of one colour, whose data are the value string in Latin-1.
 inline constexpr char LXCOLOR_MIME_TYPE[] = "data/x-lxcolor";
 
@@ -399,6 +403,7 @@ private:
         return m_spec == Rgb || m_spec == Invalid ? m_words[word] : convertedRgbWord(word);
     }
     quint32 convertedRgbWord(int word) const;
+    lxcolor::RgbWords rgbWords() const;
     LXColor matchedRgb(bool clampToGamut) const;
     quint32 hsvWord(int word) const;
     static uint high16(quint32 word) { return word >> 16; }
