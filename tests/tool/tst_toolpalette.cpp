@@ -49,6 +49,10 @@ private Q_SLOTS:
             QVERIFY2(ok(back), qPrintable(back.err));
             QCOMPARE(folder.read("out"), QByteArray(kDocument));
         }
+        const QByteArray css = ":root { --loose: #010203 }\n" + folder.read("between.css");
+        const Outcome streamed = run({"palette", "convert", "-", "-", "--from", "css", "--to", "csv"}, css);
+        QVERIFY2(ok(streamed) && streamed.out.contains("{2}") && streamed.out.contains("\nPalette,loose,1,2,3,"),
+                 qPrintable(streamed.err + streamed.out));
     }
 
     void lossesAreTold()
@@ -90,6 +94,9 @@ private Q_SLOTS:
         verifyRefused(run({"palette", "convert", bad, out, "--json", "--format", "table"}), {"exclude"});
         verifyRefused(run({"palette", "convert", bad}), {"two files"});
         verifyRefused(run({"palette", "show"}), {"one file"});
+        verifyRefused(run({"palette", "convert", "-", "a.gpl"}), {"--from is missing", "gpl, ase"});
+        verifyRefused(run({"palette", "convert", bad, "-", "--to", "css", "--json"}), {"--json", "OUT"});
+        verifyRefused(run({"palette", "show", "-", "--from", "gpl"}, "GIMP Palette\nx\n"), {"standard input:2:1: "});
         verifyRefused(run({"palette", "paint", bad}), {"paint", "convert, show"});
         verifyRefused(run({"palette", "show", folder.path("none.gpl")}), {"none.gpl"});
         const QString in = folder.write("in.xml", kDocument);
