@@ -176,6 +176,11 @@ private Q_SLOTS:
                    "GIMP Palette\n# lxcolor {\"shown\":\"1 2 3\",\"value\":\"aYxy;1;0;65535;1;0.3;0.3\"}\n4 5 6 a\n"
                    "# lxcolor {\"shown\":\"1 2 3\",\"value\":\"x\"}\n")
             << QStringList{"loose/a #040405050606"} << "edited 1, comment 1";
+        QTest::newRow("gpl, the name of a list edited, which is that of the first")
+            << Id::Gpl
+            << QByteArray("GIMP Palette\nName: mine\n# lxcolor-list {\"name\":\" a\\nb \",\"userList\":true}\n1 2 3 a\n"
+                          "# lxcolor-list {\"name\":\"c\",\"userList\":true}\n1 2 3 d\n")
+            << QStringList{"mine/a #010102020303", "c/d #010102020303"} << "";
         QTest::newRow("csv, semicolons, heads in any order")
             << Id::Csv
             << QByteArray("\xef\xbb\xbf"
