@@ -1163,10 +1163,6 @@
 <context>
     <name>ProjectDocument</name>
     <message>
-        <source>elements are nested too deeply</source>
-        <translation>die Elemente sind zu tief verschachtelt</translation>
-    </message>
-    <message>
         <source>declarations of a document type are not supported</source>
         <translation>Deklarationen eines Dokumenttyps werden nicht unterstützt</translation>
     </message>
@@ -1181,10 +1177,6 @@
     <message>
         <source>“%1” cannot be read: %2.</source>
         <translation>„%1“ kann nicht gelesen werden: %2.</translation>
-    </message>
-    <message>
-        <source>it is not well-formed</source>
-        <translation>sie ist nicht wohlgeformt</translation>
     </message>
     <message>
         <source>“%1” is not a project document: %2.</source>
