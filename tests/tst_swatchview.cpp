@@ -334,9 +334,10 @@ private Q_SLOTS:
             << QStringList("#ff8000=aRgb;1;0;#ffffffff80000001");
         QTest::newRow("document as text")
             << "text/plain"
-            << QByteArray("<L><ColorLibrary name='x'><Color name='Sun &lt;3' uid='{Red}' value='#ff0000'/>"
-                          "<Color name='None' value='what'/></ColorLibrary></L>")
-            << QStringList("Sun <3=" + red);
+            << QByteArray(
+                   "<L><ColorLibrary name='x'><Color name='Sun &#x2600; &#x1F31E; &lt;3' uid='{Red}' value='#ff0000'/>"
+                   "<Color name='None' value='what'/></ColorLibrary></L>")
+            << QStringList(QString::fromUtf8("Sun \xe2\x98\x80 \xf0\x9f\x8c\x9e <3=") + red);
         QTest::newRow("text that is none") << "text/plain" << QByteArray("Hello") << QStringList();
         QTest::newRow("something else") << "image/png" << QByteArray("PNG") << QStringList();
     }

@@ -49,7 +49,8 @@ QDomDocument readDocument(const QString& fileName)
     QString what;
     int line = 0;
     int column = 0;
-    if (!document.setContent(&file, true, &what, &line, &column))
+    QXmlStreamReader reader(&file); // without one, references keep 16 bits of a character
+    if (!document.setContent(&reader, true, &what, &line, &column))
         throw fault(fileName, line, column, what);
     return document;
 }

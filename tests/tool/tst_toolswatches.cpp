@@ -6,7 +6,7 @@ namespace {
 
 const char kProject[] = "<project><part>\n"
                         "<ColorLibrary name=\"Tom &amp; Jerry, %1 \xc3\xa4\" isUserLibrary=\"0\">\n"
-                        " <Color name=\"red\" uid=\"{u1}\" value=\"aRgb;1;0;#ffffffff00000000\""
+                        " <Color name=\"red &#x1F3A8;\" uid=\"{u1}\" value=\"aRgb;1;0;#ffffffff00000000\""
                         " originatingPreset=\"A/b\" colorId=\"L106\"/>\n"
                         " <Color name=\"lost\" uid=\"{u2}\" value=\"nothing\"/>\n"
                         "</ColorLibrary></part>\n"
@@ -29,6 +29,7 @@ private Q_SLOTS:
         QCOMPARE(json.json(1)["userList"].toBool(), true);
         const QJsonArray colors = json.json(0)["colors"].toArray();
         QCOMPARE(colors[0].toObject()["rgb"].toString(), QString("#ff0000"));
+        QCOMPARE(colors[0].toObject()["name"].toString(), QString::fromUtf8("red \xf0\x9f\x8e\xa8"));
         QCOMPARE(colors[0].toObject()["vendorId"].toString(), QString("L106"));
         QCOMPARE(colors[1].toObject()["readable"].toBool(true), false);
 
