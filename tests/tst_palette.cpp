@@ -264,7 +264,7 @@ private Q_SLOTS:
         row("csv: empty", Id::Csv, "\n\n", "1:1", "empty");
         row("csv: no colours", Id::Csv, "name,red,green\n", "1:1", "heads");
         row("csv: a head twice", Id::Csv, "value,Name,name\n", "1:12", "second column");
-        row("csv: a cell too few", Id::Csv, "name,value\n\"a\nb\",red\nc\n", "4:1", "1 cells");
+        row("csv: a cell too few", Id::Csv, "name,value\n\"a\nb\",red\nc\n", "4:1", "is 1, that");
         row("csv: quotes open", Id::Csv, "name,value\n a,\"red\n\n", "2:4", "not closed");
         row("csv: text behind quotes", Id::Csv, "name,value\n\"a\"b,red\n", "2:4", "behind");
         row("csv: number out of range", Id::Csv, "red,green,blue\n1,-2,3\n", "2:3", "0 to 255");

@@ -55,9 +55,11 @@ Import importOf(const SubcommandLine& line, const QString& file)
     import.assignment = FixtureImport::assign(import.reading.emitters, import.profile, channels);
     if (!import.assignment.isComplete) {
         const QString leftOut = import.reading.remarks.join(QLatin1Char(' '));
-        throw CommandError(QStringLiteral("%1: %2; --channels states them%3")
-                               .arg(printable(inputName(file)), printable(import.assignment.error),
-                                    leftOut.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(printable(leftOut))));
+        throw CommandError(
+            QStringLiteral("%1: %2%3%4")
+                .arg(printable(inputName(file)), printable(import.assignment.error),
+                     channels.isEmpty() ? QStringLiteral("; --channels says which emitter is which") : QString(),
+                     leftOut.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(printable(leftOut))));
     }
     const QByteArray earlier = !isStandardStream(import.out) && QFileInfo::exists(import.out)
                                    ? readFile(import.out, FixtureImport::largestFile)

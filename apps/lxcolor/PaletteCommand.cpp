@@ -111,6 +111,8 @@ void show(const SubcommandLine& line, const QString& in)
 {
     const PaletteFormat::Reading reading = readPalette(in, formatOf(line, "from", in));
     warn(inputName(in), reading.remarks);
+    if (reading.palette.lists.isEmpty() && line.format() != QLatin1String("json"))
+        writeLine(QStringLiteral("%1: no colours").arg(printable(inputName(in))));
     for (const Palette::List& list : reading.palette.lists) {
         SwatchList listed{list.name, list.isUserList, {}};
         for (const Palette::Entry& entry : list.entries)

@@ -13,6 +13,9 @@ namespace {
 
 QString native(const QString& path) { return QDir::toNativeSeparators(path); }
 
+/// A reason of Qt's as the end of a sentence of ours: some of them have a full stop.
+QString reason(const QString& text) { return text.endsWith(QLatin1Char('.')) ? text.chopped(1) : text; }
+
 /// Where and why a text is no XML that can be taken, or nothing.
 QString faultOf(const QByteArray& bytes)
 {
@@ -25,7 +28,7 @@ QString faultOf(const QByteArray& bytes)
         else if (reader.isDTD() && reader.text().contains(QLatin1Char('[')))
             what = ProjectDocument::tr("declarations of a document type are not supported");
         else if (reader.hasError())
-            what = reader.errorString();
+            what = reason(reader.errorString());
         if (!what.isEmpty())
             return ProjectDocument::tr("line %1, column %2: %3")
                 .arg(reader.lineNumber())
@@ -85,9 +88,9 @@ QString ProjectDocument::open(const QString& path, LXColorLibrary& library)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return tr("“%1” cannot be read: %2.").arg(native(path), file.errorString());
+        return tr("“%1” cannot be read: %2.").arg(native(path), reason(file.errorString()));
     const QByteArray bytes = file.readAll();
-    const QString fault = file.error() == QFile::NoError ? faultOf(bytes) : file.errorString();
+    const QString fault = file.error() == QFile::NoError ? faultOf(bytes) : reason(file.errorString());
     if (!fault.isEmpty())
         return tr("“%1” is not a project document: %2.").arg(native(path), fault);
 
@@ -123,7 +126,7 @@ QString ProjectDocument::save(const QString& path, LXColorLibrary& library)
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
-    return isWritten ? QString() : tr("“%1” cannot be saved: %2.").arg(native(path), file.errorString());
+    return isWritten ? QString() : tr("“%1” cannot be saved: %2.").arg(native(path), reason(file.errorString()));
 }
 
 QString ProjectDocument::colorsOf(LXColorLibrary& library)

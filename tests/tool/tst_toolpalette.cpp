@@ -76,6 +76,7 @@ private Q_SLOTS:
         QVERIFY2(ok(shown), qPrintable(shown.err));
         QCOMPARE(shown.json()["list"].toString(), QString("Gels & whites"));
         QCOMPARE(shown.json()["colors"].toArray()[0].toObject()["rgb"].toString(), QString("#ff0000"));
+        QCOMPARE(run({"palette", "show", "-", "--from", "gpl"}, "GIMP Palette\n").out, "standard input: no colours\n");
         const Outcome table = run({"palette", "show", in});
         QVERIFY2(ok(table) && table.out.contains("aYxy;3;6;"), qPrintable(table.err + table.out));
     }
