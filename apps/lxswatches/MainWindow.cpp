@@ -11,11 +11,13 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalBlocker>
@@ -23,6 +25,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUndoStack>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -62,6 +65,20 @@ QPushButton* button(QAction* action)
 }
 
 QString fileFilter() { return MainWindow::tr("Project documents (*.xml);;All files (*)"); }
+
+QString openFilter()
+{
+    return MainWindow::tr("Project documents and palettes (%1);;All files (*)")
+        .arg(QStringLiteral("*.xml *.lxcolors *.gpl *.ase *.aco *.csv *.tsv *.css"));
+}
+
+/// The one file that is dragged, or nothing.
+QString fileOf(const QMimeData* data)
+{
+    const QList<QUrl> urls = data ? data->urls() : QList<QUrl>();
+    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return QFileInfo(path).isFile() ? path : QString();
+}
 
 } // namespace
 
@@ -150,13 +167,18 @@ void MainWindow::buildPanes()
     m_splitter->setStretchFactor(1, 3);
     m_splitter->setStretchFactor(2, 2);
     setCentralWidget(m_splitter);
+    setAcceptDrops(true);
+    installEventFilter(this);
+    for (QWidget* widget : findChildren<QWidget*>())
+        if (widget->acceptDrops()) // and would keep files from the window
+            widget->installEventFilter(this);
 }
 
 void MainWindow::buildFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     m_recentFiles = new RecentFiles(tr("Open &Recent"), this);
-    connect(m_recentFiles, &RecentFiles::chosen, this, &MainWindow::openRecent);
+    connect(m_recentFiles, &RecentFiles::chosen, this, &MainWindow::openOther);
     menu->addAction(m_newAction);
     menu->addAction(m_openAction);
     menu->addMenu(m_recentFiles);
@@ -296,15 +318,26 @@ void MainWindow::newDocument()
 
 bool MainWindow::openDocument(const QString& path)
 {
-    const QString fault = m_document.open(path, *LXColorLibrary::Instance());
+    LXColorLibrary& library = *LXColorLibrary::Instance();
+    auto format = PaletteFormat::Id::Document;
+    const bool isPalette = PaletteFormat::fromFileName(path, &format) && format != PaletteFormat::Id::Document;
+    QString remarks;
+    const QString fault =
+        isPalette ? m_document.openPalette(path, format, library, remarks) : m_document.open(path, library);
     if (!fault.isEmpty()) {
         m_recentFiles->remove(path);
         QMessageBox::critical(this, QApplication::applicationDisplayName(), fault);
         return false;
     }
     m_swatches->refresh();
-    setPath(path);
+    setPath(isPalette ? QString() : path);
     forgetChanges();
+    if (isPalette) {
+        m_recentFiles->add(path);
+        m_savedColors.clear();
+        updateModified();
+        complain(remarks);
+    }
     return true;
 }
 
@@ -313,15 +346,31 @@ void MainWindow::askAndOpen()
     if (!mayLoseChanges())
         return;
     const QString folder = m_path.isEmpty() ? QString() : QFileInfo(m_path).absolutePath();
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), folder, fileFilter());
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), folder, openFilter());
     if (!path.isEmpty())
         openDocument(path);
 }
 
-void MainWindow::openRecent(const QString& path)
+void MainWindow::openOther(const QString& path)
 {
     if (mayLoseChanges())
         openDocument(path);
+}
+
+bool MainWindow::eventFilter(QObject* object, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
+        return QMainWindow::eventFilter(object, event);
+    auto* drop = static_cast<QDropEvent*>(event);
+    const QString path = fileOf(drop->mimeData());
+    if (path.isEmpty())
+        return QMainWindow::eventFilter(object, event);
+    drop->setDropAction(Qt::CopyAction);
+    drop->accept();
+    if (type == QEvent::Drop) // whoever dragged it does not wait for the answer to a question
+        QTimer::singleShot(0, this, [this, path] { openOther(path); });
+    return true;
 }
 
 bool MainWindow::save() { return m_path.isEmpty() ? saveAs() : saveTo(m_path); }

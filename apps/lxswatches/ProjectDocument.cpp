@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QTextCodec>
 #include <QXmlStreamReader>
@@ -106,6 +107,38 @@ QString ProjectDocument::open(const QString& path, LXColorLibrary& library)
     m_codec = codec;
     m_text = text;
     m_loaded = colorsIn(library);
+    return {};
+}
+
+QString ProjectDocument::openPalette(const QString& path, PaletteFormat::Id format, LXColorLibrary& library,
+                                     QString& remarks)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return tr("“%1” cannot be read: %2.").arg(native(path), reason(file.errorString()));
+    PaletteFormat::Reading reading =
+        PaletteFormat::read(file.read(PaletteFormat::largestFile + 1), format, QFileInfo(path).completeBaseName());
+    if (!reading.isRead) {
+        const PaletteFormat::Error& error = reading.error;
+        const QString text = reason(error.text);
+        return tr("“%1” cannot be read: %2.")
+            .arg(native(path),
+                 error.line > 0 ? tr("line %1, column %2: %3").arg(error.line).arg(error.column).arg(text) : text);
+    }
+    for (Palette::List& list : reading.palette.lists)
+        for (Palette::Entry& entry : list.entries)
+            entry.uid.clear();
+    QXmlStreamReader reader(PaletteFormat::write(reading.palette, PaletteFormat::Id::Document).bytes);
+    QDomDocument document;
+    QString remark;
+    if (!document.setContent(&reader, false) ||
+        !library.loadDocument(document, remark, m_text.version(), QLatin1String(ORBIS_APPLICATION_ID)))
+        return tr("The library has no list for the colours of a project.");
+    *this = ProjectDocument();
+    QStringList sentences;
+    for (const PaletteFormat::Remark& told : qAsConst(reading.remarks))
+        sentences << told.text;
+    remarks = sentences.join(QLatin1Char(' '));
     return {};
 }
 

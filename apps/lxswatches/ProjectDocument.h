@@ -1,6 +1,7 @@
 #ifndef PROJECTDOCUMENT_H
 #define PROJECTDOCUMENT_H
 
+#include "PaletteFormat.h"
 #include "ProjectText.h"
 
 #include <QByteArray>
@@ -28,6 +29,9 @@ public:
 
     /// The project's colours become those of the library. On failure nothing changes.
     QString open(const QString& path, LXColorLibrary& library);
+    /// An empty project, and the colours of a palette in all its lists become those of the library, under uids of their
+    /// own. \a remarks says what was read in another way than it stands. On failure nothing changes.
+    QString openPalette(const QString& path, PaletteFormat::Id format, LXColorLibrary& library, QString& remarks);
     /// Writes the document with the project's colours of the library, in one step: on failure the file is as it was.
     QString save(const QString& path, LXColorLibrary& library);
 

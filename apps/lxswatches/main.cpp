@@ -32,7 +32,7 @@ Options readOptions(const QCoreApplication& app)
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({dark, screenshot});
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project document to open."),
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project document or palette to open."),
                                  QStringLiteral("[FILE]"));
     parser.process(app);
     return {parser.positionalArguments().value(0), parser.value(screenshot), parser.isSet(dark)};

@@ -405,6 +405,41 @@ private Q_SLOTS:
         QCOMPARE(all, names);
     }
 
+    // A document and a palette, dropped on the tree and on a field.
+    void droppedFiles()
+    {
+        const auto dropFile = [this](const QString& path, QWidget* target) {
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(path)});
+            data.setText(path);
+            QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(target, &enter);
+            QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+            event.setAccepted(false);
+            QCoreApplication::sendEvent(target, &event);
+            QVERIFY(enter.isAccepted() && event.isAccepted() && event.dropAction() == Qt::CopyAction);
+        };
+        dropFile(QString(LXCOLOR_SOURCE_DIR) + "/examples/show.xml", tree()->viewport());
+        QTRY_COMPARE(titled(), QString("show.xml – Swatches"));
+        press("Add to Swatches");
+        QTRY_COMPARE(titled(), QString("show.xml* – Swatches"));
+        answerWith(QMessageBox::Cancel);
+        const QString palette = write("gels.gpl", "GIMP Palette\n# theirs\n255 0 0 a\n0 0 255 b\n");
+        dropFile(palette, m_window->findChild<QLineEdit*>("swatchSearch"));
+        QTRY_VERIFY(m_answered);
+        QCOMPARE(titled(), QString("show.xml* – Swatches"));
+        answerWith(QMessageBox::Discard);
+        dropFile(palette, m_window.data());
+        QTRY_COMPARE(titled(), QString("Untitled* – Swatches"));
+        QCOMPARE(colorsOf("Project Swatches"), QStringList({"a", "b"}));
+        activate();
+        answerWithFile(file("gels.xml"));
+        press(Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(m_answered);
+        QVERIFY(m_window->openDocument(file("gels.xml")));
+        QCOMPARE(colorsOf("Project Swatches"), QStringList({"a", "b"}));
+    }
+
     void badFiles_data()
     {
         QTest::addColumn<QByteArray>("bytes");

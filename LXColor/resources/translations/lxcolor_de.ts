@@ -765,6 +765,10 @@
         <source>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Colours for LED fixtures: keep them, pick white light, and see what a fixture makes of them.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Farben für LED-Scheinwerfer: verwalten, Weißlicht wählen und sehen, was ein Scheinwerfer daraus macht.&lt;/p&gt;</translation>
     </message>
+    <message>
+        <source>Project documents and palettes (%1);;All files (*)</source>
+        <translation>Projektdateien und Paletten (%1);;Alle Dateien (*)</translation>
+    </message>
 </context>
 <context>
     <name>MatchReport</name>
