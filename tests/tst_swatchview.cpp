@@ -309,6 +309,20 @@ private Q_SLOTS:
         QCOMPARE(lib()->get(uid), LXColor("#654321"));
         m_view->undoStack()->undo();
         QCOMPARE(lib()->get(uid), LXColor("#123456"));
+
+        const QStringList before = rows();
+        click("Tour");
+        while (m_view->action(Action::MoveListUp)->isEnabled())
+            press(Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(rows().mid(rows().indexOf("Tour"), 3), QStringList({"Tour", "#123456", "Mine"}));
+        QVERIFY(userColors().indexOf("Tour") < userColors().indexOf("Mine"));
+        QCOMPARE(lib()->get(uid), LXColor("#123456"));
+        press(Qt::Key_Down, Qt::AltModifier);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(rows() != before);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(rows(), before);
     }
 
     void dropsFromOutside_data()

@@ -203,6 +203,9 @@ void MainWindow::buildEditMenu()
     menu->addAction(m_swatches->action(SwatchAction::Delete));
     menu->addSeparator();
     menu->addAction(m_swatches->action(SwatchAction::NewList));
+    menu->addAction(m_swatches->action(SwatchAction::MoveListUp));
+    menu->addAction(m_swatches->action(SwatchAction::MoveListDown));
+    menu->addSeparator();
     menu->addAction(m_swatches->action(SwatchAction::Find));
 }
 

@@ -1412,6 +1412,14 @@
         <source>Add swatch</source>
         <translation>Farbfeld hinzufügen</translation>
     </message>
+    <message>
+        <source>Move List &amp;Up</source>
+        <translation>Liste nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move List &amp;Down</source>
+        <translation>Liste nach &amp;unten</translation>
+    </message>
 </context>
 <context>
     <name>WhitePointPicker</name>
@@ -1493,6 +1501,10 @@
     <message>
         <source>Change colour</source>
         <translation>Farbe ändern</translation>
+    </message>
+    <message>
+        <source>Move list</source>
+        <translation>Liste verschieben</translation>
     </message>
 </context>
 </TS>
