@@ -1,16 +1,17 @@
 #include "SwatchFile.h"
 
 #include "CommandError.h"
+#include "FileBytes.h"
 #include "OrbisProjectHelper.h"
 
 #include <QDomDocument>
-#include <QFile>
 #include <QXmlStreamReader>
 
 namespace {
 
 // A document model is built by functions that call themselves for each level.
 constexpr int kDeepestElement = 256;
+constexpr qint64 kLargestFile = 128 * 1024 * 1024; // bytes, as the library has it
 
 CommandError fault(const QString& fileName, qint64 line, qint64 column, const QString& what)
 {
@@ -18,40 +19,37 @@ CommandError fault(const QString& fileName, qint64 line, qint64 column, const QS
         QStringLiteral("%1:%2:%3: %4").arg(printable(fileName)).arg(line).arg(column).arg(printable(what)));
 }
 
-/// Reads through the file once without keeping anything, so that what follows meets well-formed XML of a sane depth.
-void checkXml(QFile& file)
+/// Reads through the text once without keeping anything, so that what follows meets well-formed XML of a sane depth.
+void checkXml(const QString& fileName, const QByteArray& bytes)
 {
-    QXmlStreamReader reader(&file);
+    QXmlStreamReader reader(bytes);
     int depth = 0;
     while (!reader.atEnd()) {
         reader.readNext();
         if (reader.isStartElement() && ++depth > kDeepestElement)
-            throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(),
+            throw fault(fileName, reader.lineNumber(), reader.columnNumber(),
                         QStringLiteral("elements are nested deeper than %1 levels").arg(kDeepestElement));
         if (reader.isEndElement())
             --depth;
         if (reader.isEntityReference() || (reader.isDTD() && !reader.entityDeclarations().isEmpty()))
-            throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(),
+            throw fault(fileName, reader.lineNumber(), reader.columnNumber(),
                         QStringLiteral("entities are not supported"));
     }
     if (reader.hasError())
-        throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(), reader.errorString());
-    file.seek(0);
+        throw fault(fileName, reader.lineNumber(), reader.columnNumber(), reader.errorString());
 }
 
 QDomDocument readDocument(const QString& fileName)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        throw CommandError(QStringLiteral("%1: %2").arg(printable(fileName), printable(file.errorString())));
-    checkXml(file);
+    const QByteArray bytes = readInput(fileName, kLargestFile);
+    checkXml(inputName(fileName), bytes);
     QDomDocument document;
     QString what;
     int line = 0;
     int column = 0;
-    QXmlStreamReader reader(&file); // without one, references keep 16 bits of a character
+    QXmlStreamReader reader(bytes); // without one, references keep 16 bits of a character
     if (!document.setContent(&reader, true, &what, &line, &column))
-        throw fault(fileName, line, column, what);
+        throw fault(inputName(fileName), line, column, what);
     return document;
 }
 

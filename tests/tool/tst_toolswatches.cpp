@@ -33,6 +33,7 @@ private Q_SLOTS:
         QCOMPARE(colors[0].toObject()["vendorId"].toString(), QString("L106"));
         QCOMPARE(colors[1].toObject()["readable"].toBool(true), false);
 
+        QCOMPARE(succeed({"swatches", "-"}, "<a/>").out, QString("standard input: no colours\n"));
         const Outcome table = succeed({"swatches", file});
         QVERIFY2(table.out.contains("255") && table.out.contains("left out on loading"), qPrintable(table.out));
     }
@@ -59,6 +60,7 @@ private Q_SLOTS:
         const QString good = writeFile(folder.filePath("good.xml"), kProject);
         verifyRefused(run({"swatches", good, folder.filePath("none.xml")}), {"none.xml"});
         verifyRefused(run({"swatches", good, writeFile(folder.filePath("bad.xml"), "<a>\n<b></a>")}), {"bad.xml:2:"});
+        verifyRefused(run({"swatches", "-", "-"}, kProject), {"standard input", "more than once"});
         verifyRefused(run({"swatches", good, "--export", "no such list"}), {"\"mine\"", "no such list"});
         const QByteArray deep = QByteArray("<a>").repeated(100000);
         verifyRefused(run({"swatches", writeFile(folder.filePath("deep.xml"), deep)}), {"deep.xml:1:", "nested"});
