@@ -3,6 +3,7 @@
 #include "CommandError.h"
 #include "FileBytes.h"
 #include "OrbisProjectHelper.h"
+#include "PaletteFormat.h"
 
 #include <QDomDocument>
 #include <QXmlStreamReader>
@@ -76,28 +77,12 @@ QVector<SwatchList> readSwatchFile(const QString& fileName)
     return lists;
 }
 
-QString standAloneDocument(const SwatchList& list)
+QByteArray standAloneDocument(const SwatchList& list)
 {
-    QStringList uids;
-    QStringList names;
-    QStringList values;
-    QStringList presets;
-    QStringList vendorIds;
-    for (const Swatch& swatch : list.colors) {
-        if (!swatch.color.isValid())
-            continue;
-        uids << QString();
-        names << swatch.name;
-        values << swatch.color.aName();
-        presets << swatch.originatingPreset;
-        vendorIds << swatch.vendorId;
-    }
-    QDomDocument document;
-    bool isDone = false;
-    OrbisProjectHelper helper;
-    QDomElement element = helper.createElement(document, isDone, uids, names, values, presets, vendorIds);
-    element.setAttribute(QStringLiteral("name"), list.name);
-    element.setAttribute(QStringLiteral("isUserLibrary"), 1);
-    document.appendChild(element);
-    return document.toString(1);
+    Palette palette{{{list.name, true, {}}}};
+    for (const Swatch& swatch : list.colors)
+        if (swatch.color.isValid())
+            palette.lists.first().entries.append(
+                {swatch.name, swatch.color.aName(), QString(), swatch.originatingPreset, swatch.vendorId});
+    return PaletteFormat::write(palette, PaletteFormat::Id::Document).bytes;
 }

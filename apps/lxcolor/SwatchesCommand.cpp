@@ -16,7 +16,7 @@ void exportList(const QVector<SwatchList>& lists, const QString& name)
 {
     const auto found = std::find_if(lists.begin(), lists.end(), [&](const SwatchList& l) { return l.name == name; });
     if (found != lists.end())
-        return writeLine(standAloneDocument(*found).trimmed());
+        return writeOutput(QStringLiteral("-"), standAloneDocument(*found));
     QStringList names;
     for (const SwatchList& list : lists)
         names << quoted(list.name);
