@@ -11,6 +11,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -337,6 +338,7 @@ bool MainWindow::openDocument(const QString& path)
     forgetChanges();
     if (isPalette) {
         m_recentFiles->add(path);
+        m_proposedPath = QFileInfo(path).dir().filePath(QFileInfo(path).completeBaseName() + QStringLiteral(".xml"));
         m_savedColors.clear();
         updateModified();
         complain(remarks);
@@ -376,11 +378,25 @@ bool MainWindow::eventFilter(QObject* object, QEvent* event)
     return true;
 }
 
-bool MainWindow::save() { return m_path.isEmpty() ? saveAs() : saveTo(m_path); }
+bool MainWindow::save()
+{
+    if (m_path.isEmpty())
+        return saveAs();
+    if (m_document.hasChanged(m_path)) {
+        QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(),
+                        tr("Another program has changed “%1” since it was opened. Do you want to replace it?")
+                            .arg(QFileInfo(m_path).fileName()),
+                        QMessageBox::Save | QMessageBox::Cancel, this);
+        box.setDefaultButton(QMessageBox::Cancel);
+        if (box.exec() != QMessageBox::Save)
+            return false;
+    }
+    return saveTo(m_path);
+}
 
 bool MainWindow::saveAs()
 {
-    QFileDialog dialog(this, tr("Save Project"), m_path.isEmpty() ? tr("Show.xml") : m_path, fileFilter());
+    QFileDialog dialog(this, tr("Save Project"), m_path.isEmpty() ? m_proposedPath : m_path, fileFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("xml"));
     if (!m_path.isEmpty())
@@ -425,6 +441,7 @@ bool MainWindow::mayLoseChanges()
 void MainWindow::setPath(const QString& path)
 {
     m_path = path;
+    m_proposedPath = tr("Show.xml");
     const QString name = path.isEmpty() ? tr("Untitled") : QFileInfo(path).fileName();
     setWindowTitle(QStringLiteral("%1[*] – %2").arg(name, QApplication::applicationDisplayName()));
     setWindowFilePath(path);

@@ -68,7 +68,8 @@ private:
     void about();
 
     ProjectDocument m_document;
-    QString m_path;
+    QString m_path;         ///< Of the project; empty for one that was never saved.
+    QString m_proposedPath; ///< For such a one.
     QString m_savedColors;
     QTimer m_modifiedTimer;
     Appearance m_appearance;

@@ -104,6 +104,7 @@ QString ProjectDocument::open(const QString& path, LXColorLibrary& library)
     if (!library.loadDocument(document, remark, text.version(), QLatin1String(ORBIS_APPLICATION_ID)))
         return tr("The library has no list for the colours of a project.");
     m_bytes = bytes;
+    m_onDisk = bytes;
     m_codec = codec;
     m_text = text;
     m_loaded = colorsIn(library);
@@ -159,7 +160,15 @@ QString ProjectDocument::save(const QString& path, LXColorLibrary& library)
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+    if (isWritten)
+        m_onDisk = content;
     return isWritten ? QString() : tr("“%1” cannot be saved: %2.").arg(native(path), reason(file.errorString()));
+}
+
+bool ProjectDocument::hasChanged(const QString& path) const
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.readAll() != m_onDisk;
 }
 
 QString ProjectDocument::colorsOf(LXColorLibrary& library)

@@ -35,13 +35,16 @@ public:
     /// Writes the document with the project's colours of the library, in one step: on failure the file is as it was.
     QString save(const QString& path, LXColorLibrary& library);
 
+    /// Whether a file has another content than when it was opened or saved; false when it cannot be read.
+    bool hasChanged(const QString& path) const;
     /// The document as it would be saved.
     QByteArray bytes(LXColorLibrary& library) const;
     /// The project's colours of the library as a text that is different when one of them is.
     static QString colorsOf(LXColorLibrary& library);
 
 private:
-    QByteArray m_bytes; ///< As it was opened.
+    QByteArray m_bytes;  ///< As it was opened.
+    QByteArray m_onDisk; ///< As it was opened or saved last.
     QTextCodec* m_codec;
     ProjectText m_text;
     QVector<ProjectText::Color> m_loaded; ///< What the library made of its colours.

@@ -433,11 +433,24 @@ private Q_SLOTS:
         QTRY_COMPARE(titled(), QString("Untitled* – Swatches"));
         QCOMPARE(colorsOf("Project Swatches"), QStringList({"a", "b"}));
         activate();
-        answerWithFile(file("gels.xml"));
+        answer<QFileDialog>([](QFileDialog* dialog) { // has the name of the palette
+            QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
         press(Qt::Key_S, Qt::ControlModifier);
         QTRY_VERIFY(m_answered);
         QVERIFY(m_window->openDocument(file("gels.xml")));
         QCOMPARE(colorsOf("Project Swatches"), QStringList({"a", "b"}));
+
+        write("gels.xml", "<Show>what another program wrote</Show>");
+        activate();
+        answerWith(QMessageBox::Cancel);
+        press(Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(m_answered);
+        QCOMPARE(bytesOf(file("gels.xml")), QByteArray("<Show>what another program wrote</Show>"));
+        activate();
+        answerWith(QMessageBox::Save);
+        press(Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(m_answered && bytesOf(file("gels.xml")).contains("name=\"b\""));
     }
 
     void badFiles_data()

@@ -769,6 +769,10 @@
         <source>Project documents and palettes (%1);;All files (*)</source>
         <translation>Projektdateien und Paletten (%1);;Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>Another program has changed “%1” since it was opened. Do you want to replace it?</source>
+        <translation>Ein anderes Programm hat „%1“ geändert, seit die Datei geöffnet wurde. Möchten Sie sie ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>MatchReport</name>
