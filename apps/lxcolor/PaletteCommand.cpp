@@ -156,7 +156,9 @@ void runPalette(const QStringList& arguments)
     const QStringList words = line.positionalArguments();
     const QString action = words.value(0);
     if (action != QLatin1String("convert") && action != QLatin1String("show"))
-        throw CommandError(QStringLiteral("palette cannot %1; accepted: convert, show").arg(quoted(action)));
+        throw CommandError(QStringLiteral("%1; accepted: convert, show")
+                               .arg(words.isEmpty() ? QStringLiteral("palette does not know what to do")
+                                                    : QStringLiteral("palette cannot %1").arg(quoted(action))));
     const bool isConversion = action == QLatin1String("convert");
     if (words.size() != (isConversion ? 3 : 2))
         throw CommandError(isConversion ? QStringLiteral("convert needs two files: FILE and OUT")
