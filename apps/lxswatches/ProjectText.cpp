@@ -79,7 +79,7 @@ ProjectText::ProjectText(const QString& text) : m_text(text), m_version(kCurrent
             } else if (xml.qualifiedName() == kColorTag && !path.isEmpty() && path.last().section >= 0) {
                 element.parent = path.last().section;
                 element.color = m_sections.at(element.parent).colors.size();
-                ColorElement color{place, attributesOf(xml), false};
+                ColorElement color{place, xml.attributes(), attributesOf(xml), false};
                 color.isTakenOver = isReadable(color.attributes.value(kValue));
                 if (color.isTakenOver) {
                     const QString uid = color.attributes.value(kUid);
@@ -158,7 +158,7 @@ public:
         for (const Color* color : now) {
             const int i = known.value(color->value(kUid), -1);
             if (i >= 0 && stays.at(i)) {
-                changeAttributes(section.colors.at(i), *color, m_changes);
+                changeTag(section.colors.at(i), *color, m_changes);
                 place = section.colors.at(i).place.end;
                 continue;
             }
@@ -236,43 +236,31 @@ private:
         m_changes.append({place, place, place == element.contentEnd ? text + lastLine : text});
     }
 
-    void changeAttributes(const ColorElement& element, const Color& now, QVector<Change>& changes) const
+    /// The first tag anew, where an attribute differs: those that are there in their order, then those that are not.
+    void changeTag(const ColorElement& element, const Color& now, QVector<Change>& changes) const
     {
         const Color loaded = m_loaded.value(now.value(kUid));
-        QStringList missing;
+        QStringList changed;
         for (const QString& name : colorAttributes())
             if (now.value(name) != loaded.value(name))
-                missing.append(name);
-        int at = element.place.begin + 1 + kColorTag.size();
-        const auto skipBlanks = [&] {
-            while (isBlank(m_text.at(at)))
-                ++at;
-        };
-        int last = at;
-        for (skipBlanks(); m_text.at(at) != QLatin1Char('/') && m_text.at(at) != QLatin1Char('>'); skipBlanks()) {
-            const int begin = at;
-            while (!isBlank(m_text.at(at)) && m_text.at(at) != QLatin1Char('='))
-                ++at;
-            const QString name = m_text.mid(begin, at - begin);
-            while (m_text.at(at) != QLatin1Char('"') && m_text.at(at) != QLatin1Char('\''))
-                ++at;
-            const QChar quote = m_text.at(at);
-            const int end = m_text.indexOf(quote, at + 1);
-            if (missing.removeOne(name))
-                changes.append({at + 1, end, written(now.value(name), quote)});
-            at = last = end + 1;
+                changed.append(name);
+        if (changed.isEmpty())
+            return;
+        QString tag = QLatin1Char('<') + kColorTag;
+        for (const QXmlStreamAttribute& there : element.tag) {
+            const QString name = there.qualifiedName().toString();
+            tag += attribute(name, changed.removeOne(name) ? now.value(name) : there.value().toString());
         }
-        QString added;
-        for (const QString& name : qAsConst(missing))
-            added += attribute(name, now.value(name));
-        if (!added.isEmpty())
-            changes.append({last, last, added});
+        for (const QString& name : qAsConst(changed))
+            tag += attribute(name, now.value(name));
+        tag += QLatin1String(element.place.tagEnd == element.place.end ? "/>" : ">");
+        changes.append({element.place.begin, element.place.tagEnd, tag});
     }
 
     QString movedElement(const ColorElement& element, const Color& now) const
     {
         QVector<Change> changes;
-        changeAttributes(element, now, changes);
+        changeTag(element, now, changes);
         return changed(element.place.begin, element.place.end, changes);
     }
     QString newElement(const Color& color) const
@@ -284,16 +272,16 @@ private:
     }
     QString attribute(const QString& name, const QString& value) const
     {
-        return QLatin1Char(' ') + name + QStringLiteral("=\"") + written(value, QLatin1Char('"')) + QLatin1Char('"');
+        return QLatin1Char(' ') + name + QStringLiteral("=\"") + written(value) + QLatin1Char('"');
     }
 
-    QString written(const QString& value, QChar quote) const
+    QString written(const QString& value) const
     {
         QString text;
         const QVector<uint> characters = value.toHtmlEscaped().toUcs4();
         for (const uint number : characters) {
             const QString character = QString::fromUcs4(&number, 1);
-            const bool isWritable = number >= 0x20 && character != quote && m_canWrite(character);
+            const bool isWritable = number >= 0x20 && m_canWrite(character);
             text += isWritable ? character : QStringLiteral("&#x%1;").arg(number, 0, 16);
         }
         return text;

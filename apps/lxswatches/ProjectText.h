@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <QVector>
+#include <QXmlStreamAttributes>
 
 #include <functional>
 
@@ -27,9 +28,9 @@ public:
     double version() const { return m_version; }
 
     /// The text with the colours \a now for those that were \a loaded from document(). A colour stays in its section,
-    /// and of one that is in both only the attributes that differ change; new ones come into the first section. What
-    /// the library has not taken over for a colour stays.
-    /// \a canWrite tells whether the encoding has a character, a pair of surrogates maybe; else its number is written.
+    /// and the tag of one that is in both is written anew where an attribute differs; new ones come into the first
+    /// section. What the library has not taken over for a colour stays. \a canWrite tells whether the encoding has a
+    /// character, a pair of surrogates maybe; else its number is written.
     QString withColors(const QVector<Color>& loaded, const QVector<Color>& now,
                        const std::function<bool(const QString&)>& canWrite) const;
 
@@ -47,8 +48,9 @@ private:
     struct ColorElement
     {
         Element place;
-        Color attributes;
-        bool isTakenOver; ///< By the library, which then has to say what becomes of it; so it has a uid.
+        QXmlStreamAttributes tag; ///< As they are written, in their order.
+        Color attributes;         ///< As the library gets them.
+        bool isTakenOver;         ///< By the library, which then has to say what becomes of it; so it has a uid.
     };
     struct Section
     {

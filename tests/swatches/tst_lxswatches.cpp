@@ -350,8 +350,8 @@ private Q_SLOTS:
         const QString added = LXColorLibrary::Instance()->getColorUids("Project Swatches").last();
         const QString value = LXColorLibrary::Instance()->get(added).aName();
         QByteArray expected = before;
-        QByteArray renamed = colorA;
-        renamed.replace("name=\"A\"", "name=\"&#x416; &quot;\xe9'\"");
+        const QByteArray renamed =
+            "<Color uid=\"{a}\" mark=\"7\" name=\"&#x416; &quot;\xe9'\" value=\"#ff0000\"><Note/></Color>";
         const QString element =
             "\n  <Color name=\"4000 K\" uid=\"%1\" value=\"%2\" originatingPreset=\"\" colorId=\"\"/>";
         expected.replace(colorB, "").replace(colorA, renamed + element.arg(added, value).toLatin1());
