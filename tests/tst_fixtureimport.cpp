@@ -131,8 +131,12 @@ private Q_SLOTS:
         row("csv, quoted decimal commas, unit in a comment and by the caller",
             "# Unit: lux\nname,x,y,Y\nRot,\"0,6915\",\"0,3081\",\"148,2\"\nB,\"0,1402\",\"0,0498\",\"41,6\"\n", "lx",
             Source::Csv, "lx", two, {});
-        row("csv, X Y Z beside others, a little noise", "LED,CCT,x,y,X,Y [lm],Z\nr,,.1,.1,200,100,-0.1\n", "",
-            Source::Csv, "lm", {"r 0.6667 0.3333 100"}, {"r: X or Z"});
+        row("csv, X Y Z beside others, a little noise",
+            "LED,CCT,x,y,X,Y [lm],Z,380 nm,390 nm\nr,,.1,.1,200,100,-0.1,7,8\n", "", Source::Csv, "lm",
+            {"r 0.6667 0.3333 100"},
+            {QString::fromUtf8("not used: x, y, 380 nm\xe2\x80\xa6"
+                               "390 nm."),
+             "r: X or Z"});
         row("cgats, x y Y, decimal commas",
             cgats("UNIT \"cd\"\nNUMBER_OF_SETS 2 # two\nBEGIN_DATA_FORMAT\nSAMPLE_NAME XYY_X XYY_Y XYY_CAPY\n",
                   "Rot 0,6915 0,3081 148,2\n\"B\" 0,1402 0,0498 4,16e1\n"),
@@ -194,7 +198,7 @@ private Q_SLOTS:
         row("no unit", "name;x;y;Y\na;0,3;0,3;1\n", "1:1", "not stated; accepted: cd, cd/m2");
         row("a unit of something else", "name;x;y;Y (W)\na;0,3;0,3;1\n", "1:10", "\"W\" does not fit");
         row("another unit than stated", heads + "a;0,3;0,3;1\n", "1:1", "\"lx\" here, but \"cd\"", "lx");
-        row("decimal commas between commas", "name,x,y,Y (cd)\na,0,3,0,3,1\n", "2:1", "6 cells");
+        row("decimal commas between commas", "name,x,y,Y (cd)\na,0,3,0,3,1\n", "2:1", "is 6, that");
         row("points and commas", heads + "a;0,3;0.3;1\n", "2:7", "mixed");
         row("thousands", heads + "a;0.3;0.3;1.234,5\n", "2:11", "mixed");
         row("no number", heads + "a;0,3;red;1\n", "2:7", "\"red\" is no number");
@@ -268,7 +272,7 @@ private Q_SLOTS:
             "!Several emitters may be White");
         row("stated", "R|G|B|d|e|-|-", ColorUtils::ProfileWashLineQP6RGBW, "R|G|B|e", "r,2, B,e");
         row("stated, one too few", "R|G|B|d|-|-|-", ColorUtils::ProfileWashLineQP6RGBW,
-            "!3 channels are stated, but the fixture has 4: Red, Green, Blue, White", "R,G,B");
+            "!The number of channels stated is 3, that of the fixture 4: Red, Green, Blue, White", "R,G,B");
         row("stated, unknown", "R|G|B|-|-|-|-", ColorUtils::ProfilePixelNodeRGB,
             "!no emitter \"C\"; there are: \"R\", \"G\", \"B\"", "R,G,C");
         row("stated twice", "R|G|B|-|-|-|-", ColorUtils::ProfilePixelNodeRGB, "!twice", "R,G,G");

@@ -165,6 +165,10 @@ private Q_SLOTS:
             "GIMP Palette\n# lxcolor {\"shown\":\"1 2 3\",\"value\":\"aYxy;1;0;65535;1;0.3;0.3\"}\n4 5 6 a\n"
             "# lxcolor {\"shown\":\"1 2 3\",\"value\":\"x\"}\n",
             {"loose/a #040405050606"}, "edited 1, comment 1");
+        row("gpl, the name of a list edited, which is that of the first", Id::Gpl,
+            "GIMP Palette\nName: mine\n# lxcolor-list {\"name\":\" a\\nb \",\"userList\":true}\n1 2 3 a\n"
+            "# lxcolor-list {\"name\":\"c\",\"userList\":true}\n1 2 3 d\n",
+            {"mine/a #010102020303", "c/d #010102020303"}, "");
         row("csv, semicolons, heads in any order", Id::Csv,
             "\xef\xbb\xbf"
             "Blue;note;NAME;red;green\n3;;\"a;\"\"b\"\"\";1;2\n\n",
@@ -232,7 +236,7 @@ private Q_SLOTS:
         row("csv: empty", Id::Csv, "\n\n", "1:1", "empty");
         row("csv: no colours", Id::Csv, "name,red,green\n", "1:1", "heads");
         row("csv: a head twice", Id::Csv, "value,Name,name\n", "1:12", "second column");
-        row("csv: a cell too few", Id::Csv, "name,value\n\"a\nb\",red\nc\n", "4:1", "1 cells");
+        row("csv: a cell too few", Id::Csv, "name,value\n\"a\nb\",red\nc\n", "4:1", "is 1, that");
         row("csv: quotes open", Id::Csv, "name,value\n a,\"red\n\n", "2:4", "not closed");
         row("csv: text behind quotes", Id::Csv, "name,value\n\"a\"b,red\n", "2:4", "behind");
         row("csv: number out of range", Id::Csv, "red,green,blue\n1,-2,3\n", "2:3", "0 to 255");

@@ -120,6 +120,19 @@ QByteArray text(const LevelSet& levels)
     return out;
 }
 
+Yxy anyLight(Random& random, const Emitters& emitters)
+{
+    return {random() % 2 ? 1.0 : uniform(random, -0.1, 1.1), anyRequest(random, emitters)};
+}
+
+LevelSet plainly(const EmitterView& emitters, const Yxy& light)
+{
+    LevelSet levels = solveBrightestMix(emitters, light.xy);
+    for (int k = 0; k < emitters.count; ++k)
+        levels.level[k] *= light.Y;
+    return levels;
+}
+
 constexpr int kAtOnce = 100;
 
 void compare(const Emitters& emitters, quint64 seed, int requests)
@@ -129,22 +142,24 @@ void compare(const Emitters& emitters, quint64 seed, int requests)
         const PreparedSolver solver(emitters.view(), count);
         EmitterView used = emitters.view();
         used.count = count;
-        Chromaticity atOnce[kAtOnce];
+        Yxy atOnce[kAtOnce];
         LevelSet solvedAtOnce[kAtOnce];
         for (int i = 0; i < requests; ++i) {
             if (i % kAtOnce == 0) {
-                std::generate_n(atOnce, kAtOnce, [&] { return anyRequest(random, emitters); });
-                solver.solve(atOnce, kAtOnce, solvedAtOnce);
+                std::generate_n(atOnce, kAtOnce, [&] { return anyLight(random, emitters); });
+                solver.solve(atOnce, kAtOnce, solvedAtOnce->level, kMaxEmitters);
             }
-            const Chromaticity xy = atOnce[i % kAtOnce];
-            const LevelSet expected = solveBrightestMix(used, xy);
-            const LevelSet got = solver.solve(xy);
+            const Yxy& light = atOnce[i % kAtOnce];
+            const LevelSet expected = plainly(used, light);
+            LevelSet got;
+            solver.solve(light, got.level);
             if (!sameBits(got, expected) || !sameBits(solvedAtOnce[i % kAtOnce], expected))
-                QFAIL(qPrintable(QStringLiteral("seed %1, %2 emitters, x %3 y %4: got %5 expected %6")
+                QFAIL(qPrintable(QStringLiteral("seed %1, %2 emitters, x %3 y %4 Y %5: got %6 expected %7")
                                      .arg(seed)
                                      .arg(count)
-                                     .arg(xy.x, 0, 'g', 17)
-                                     .arg(xy.y, 0, 'g', 17)
+                                     .arg(light.xy.x, 0, 'g', 17)
+                                     .arg(light.xy.y, 0, 'g', 17)
+                                     .arg(light.Y, 0, 'g', 17)
                                      .arg(QLatin1String(text(got)), QLatin1String(text(expected)))));
         }
     }
@@ -203,8 +218,11 @@ private Q_SLOTS:
             emitters.add(row.X, row.Y, row.Z);
         const PreparedSolver solver(emitters.view(), 5);
         for (double x : wild)
-            for (double y : wild)
-                QVERIFY(sameBits(solver.solve({x, y}), solveBrightestMix(emitters.view(), {x, y})));
+            for (double y : wild) {
+                LevelSet got;
+                solver.solve({1.0, {x, y}}, got.level);
+                QVERIFY(sameBits(got, solveBrightestMix(emitters.view(), {x, y})));
+            }
         for (double value : wild) {
             Emitters odd = emitters;
             odd.Z[1] = value;
@@ -259,9 +277,10 @@ private Q_SLOTS:
         double none = 0.0;
         for (double* changed : {&none, &emitters.X[2], &emitters.Y[2], &emitters.Z[2]}) {
             *changed *= 1.25;
-            const Chromaticity xy = {0.3, 0.3};
-            QVERIFY(sameBits(solveForRecord(ColorUtils::ProfilePixelNodeRGB, emitters.view(), 3, xy),
-                             solveBrightestMix(emitters.view(), xy)));
+            const Yxy light = {1.0, {0.3, 0.3}};
+            LevelSet got;
+            solveForRecord(ColorUtils::ProfilePixelNodeRGB, emitters.view(), 3, &light, 1, got.level, 3);
+            QVERIFY(sameBits(got, plainly(emitters.view(), light)));
         }
     }
 };

@@ -251,6 +251,20 @@ private Q_SLOTS:
         QCOMPARE(lib()->get(uid), LXColor("#654321"));
         m_view->undoStack()->undo();
         QCOMPARE(lib()->get(uid), LXColor("#123456"));
+
+        const QStringList before = rows();
+        click("Tour");
+        while (m_view->action(Action::MoveListUp)->isEnabled())
+            press(Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(rows().mid(rows().indexOf("Tour"), 3), QStringList({"Tour", "#123456", "Mine"}));
+        QVERIFY(userColors().indexOf("Tour") < userColors().indexOf("Mine"));
+        QCOMPARE(lib()->get(uid), LXColor("#123456"));
+        press(Qt::Key_Down, Qt::AltModifier);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(rows() != before);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(rows(), before);
     }
 
     void dropsFromOutside_data()
@@ -271,9 +285,9 @@ private Q_SLOTS:
         row("colour of 16 bits", "application/x-color", QByteArray(reinterpret_cast<const char*>(words), 8),
             {"#ff8000=aRgb;1;0;#ffffffff80000001"});
         row("document as text", "text/plain",
-            "<L><ColorLibrary name='x'><Color name='Sun &lt;3' uid='{Red}' value='#ff0000'/>"
+            "<L><ColorLibrary name='x'><Color name='Sun &#x2600; &#x1F31E; &lt;3' uid='{Red}' value='#ff0000'/>"
             "<Color name='None' value='what'/></ColorLibrary></L>",
-            {"Sun <3=" + red});
+            {QString::fromUtf8("Sun \xe2\x98\x80 \xf0\x9f\x8c\x9e <3=") + red});
         row("text that is none", "text/plain", "Hello", {});
         row("document that is not closed", "text/plain", "<ColorLibrary>", {});
         row("document without end", "text/plain", "<ColorLibrary/>" + QByteArray("<a>").repeated(20000), {});

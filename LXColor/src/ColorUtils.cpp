@@ -181,14 +181,10 @@ void ColorUtils::convertYxyToNChannel(double* Yxy, double* levels, ChannelConfig
         return;
     const int count = configChannelCount(configuration);
     Tristimulus* record = emitterRecord(profile, configuration);
-    const double intensity = Yxy[0]; // read first: the levels may go where it came from
-    lxcolor::Chromaticity xy = {Yxy[1], Yxy[2]};
+    lxcolor::Yxy light = {Yxy[0], {Yxy[1], Yxy[2]}};
     if (clampToGamut)
-        record->closestPtOnGamut(Yxy[1], Yxy[2], xy.x, xy.y);
-
-    const lxcolor::LevelSet best = lxcolor::solveForRecord(record->profileID(), emittersOf(*record), count, xy);
-    for (int k = 0; k < count; ++k)
-        levels[k] = best.level[k] * intensity;
+        record->moveIntoGamut(&light, 1);
+    lxcolor::solveForRecord(record->profileID(), emittersOf(*record), count, &light, 1, levels, count);
 }
 
 void ColorUtils::gaussianEliminationTwoByThree(const double m[2][3], double& a, double& b)

@@ -3,6 +3,7 @@
 #include "ColorWords_p.h"
 #include "CornerSolver_p.h"
 #include "CurveFactory.h"
+#include "CurveLookup_p.h"
 #include "FixtureTables_p.h"
 #include "LXColor.h"
 #include "OnboardInverse_p.h"
@@ -11,6 +12,7 @@
 #include "SolverCache_p.h"
 
 #include <QVarLengthArray>
+#include <QtEndian>
 
 #include <algorithm>
 #include <limits>
@@ -46,13 +48,7 @@ public:
 
     quint16 drive16(double level) const
     {
-        if (m_isInverse) {
-            const quint16 light = lxcolor::roundTo16(level);
-            return m_inverse16 ? (*m_inverse16)(light) : light;
-        }
-        quint16 value = 0;
-        m_software->applyCurve(lxcolor::truncateTo16(level), &value);
-        return value;
+        return m_isInverse ? inverse16(lxcolor::roundTo16(level)) : software16(lxcolor::truncateTo16(level));
     }
 
     /// The bytes of \a count levels, one or two for each.
@@ -60,32 +56,42 @@ public:
     {
         if (m_givesNothing)
             return;
-        for (int k = 0; k < count; ++k) {
-            if (m_resolution == 1) {
-                *out++ = drive8(levels[k]);
-                continue;
-            }
-            const quint16 value = drive16(levels[k]);
-            *out++ = static_cast<unsigned char>(value >> 8);
-            *out++ = static_cast<unsigned char>(value & 0xff);
-        }
+        if (m_isInverse && m_resolution == 1)
+            writeEach(levels, count, out, lxcolor::roundTo16, [this](quint16 light) { return inverse8(light); });
+        else if (m_isInverse)
+            writeEach(levels, count, out, lxcolor::roundTo16, [this](quint16 light) { return inverse16(light); });
+        else if (m_resolution == 1)
+            writeEach(levels, count, out, lxcolor::roundTo8, [this](quint16 value) { return software8(value); });
+        else
+            writeEach(levels, count, out, lxcolor::truncateTo16, [this](quint16 value) { return software16(value); });
     }
 
 private:
-    quint8 drive8(double level) const
+    quint8 inverse8(quint16 light) const { return m_inverse8 ? (*m_inverse8)(light) : lxcolor::linearDrive8(light); }
+    quint16 inverse16(quint16 light) const { return m_inverse16 ? (*m_inverse16)(light) : light; }
+    quint8 software8(quint16 value) const { return lxcolor::CurveLookup::value8(*m_software, value); }
+    quint16 software16(quint16 value) const { return lxcolor::CurveLookup::value16(*m_software, value); }
+
+    /// In two steps, because in a single one the compiler makes a branch for levels of 0, which nobody can foresee.
+    template <typename Round, typename Drive>
+    static void writeEach(const double* levels, int count, unsigned char* out, Round round, Drive drive)
     {
-        if (m_isInverse) {
-            const quint16 light = lxcolor::roundTo16(level);
-            return m_inverse8 ? (*m_inverse8)(light) : lxcolor::linearDrive8(light);
+        constexpr int kAtOnce = 64;
+        quint16 values[kAtOnce];
+        for (int begin = 0; begin < count; begin += kAtOnce) {
+            const int part = std::min(kAtOnce, count - begin);
+            std::transform(levels + begin, levels + begin + part, values, round);
+            for (int k = 0; k < part; ++k) {
+                const auto value = drive(values[k]);
+                qToBigEndian(value, out);
+                out += sizeof value;
+            }
         }
-        quint8 value = 0;
-        m_software->applyCurve(lxcolor::roundTo8(level), &value);
-        return value;
     }
 
     bool m_isInverse;
     int m_resolution;
-    Curve* m_software;
+    const Curve* m_software;
     lxcolor::OnboardInverse<quint8>* m_inverse8;
     lxcolor::OnboardInverse<quint16>* m_inverse16;
     bool m_givesNothing;
@@ -124,7 +130,7 @@ lxcolor::OutputRequest outputRequest(const LXColor& color, ColorUtils::Tonematch
     else if (color.spec() == LXColor::NChannel)
         face = Face::NChannel;
     return {face,
-            color.getNChannelRenderType() == LXColor::NChannelColorimetric,
+            face == Face::NChannel && color.getNChannelRenderType() == LXColor::NChannelColorimetric,
             color.getTonematchProfileID(),
             color.getChannelConfiguration(),
             targetProfile,
@@ -258,8 +264,7 @@ public:
             }
             double Yxy[3];
             Output::readLight(color, Yxy);
-            m_requests[m_matchedCount] = {Yxy[1], Yxy[2]};
-            m_intensities[m_matchedCount] = Yxy[0];
+            m_lights[m_matchedCount] = {Yxy[0], {Yxy[1], Yxy[2]}};
             m_matched[m_matchedCount++] = i;
         }
         if (m_matchedCount > 0)
@@ -278,6 +283,11 @@ private:
     /// Those that are solved, or the others.
     void write(bool solved, const DriveCurve& curve, int count, int resolution, unsigned char* out)
     {
+        const bool isDense = m_used == count && resolution <= 2;
+        if (isDense && m_solvedCount == (solved ? m_colorCount : 0)) {
+            curve.write(m_levels.data(), m_colorCount * count, out);
+            return;
+        }
         const auto stride = static_cast<size_t>(count) * static_cast<size_t>(resolution);
         for (int i = 0; i < m_colorCount; ++i, out += stride)
             if (m_isSolved[i] == solved)
@@ -288,16 +298,19 @@ private:
 
     void match(Tristimulus& record, int emitterCount)
     {
-        for (int r = 0; r < m_matchedCount; ++r)
-            record.closestPtOnGamut(m_requests[r].x, m_requests[r].y, m_requests[r].x, m_requests[r].y);
-        lxcolor::LevelSet solved[kMostColors];
-        lxcolor::solveForRecord(record.profileID(), emittersOf(record), emitterCount, m_requests, m_matchedCount,
-                                solved);
-        for (int r = 0; r < m_matchedCount; ++r) {
-            double* const levels = levelsOf(m_matched[r]);
-            for (int k = 0; k < std::min(emitterCount, m_used); ++k)
-                levels[k] = solved[r].level[k] * m_intensities[r];
+        record.moveIntoGamut(m_lights, m_matchedCount);
+        const auto solve = [&](double* levels, int stride) {
+            lxcolor::solveForRecord(record.profileID(), emittersOf(record), emitterCount, m_lights, m_matchedCount,
+                                    levels, stride);
+        };
+        if (m_matchedCount == m_colorCount && emitterCount <= m_used) {
+            solve(m_levels.data(), m_used);
+            return;
         }
+        double levels[kMostColors * lxcolor::kMaxEmitters];
+        solve(levels, emitterCount);
+        for (int r = 0; r < m_matchedCount; ++r)
+            std::copy_n(levels + r * emitterCount, std::min(emitterCount, m_used), levelsOf(m_matched[r]));
     }
 
     const LXColor* const* m_colors;
@@ -308,8 +321,7 @@ private:
     int m_solvedCount = 0;
     int m_matchedCount = 0;
     int m_matched[kMostColors];
-    double m_intensities[kMostColors];
-    lxcolor::Chromaticity m_requests[kMostColors];
+    lxcolor::Yxy m_lights[kMostColors];
 };
 
 void ColorUtils::convertLXColorsToDMX(const LXColor* const* colors, int colorCount, bool allowRgbPassThrough, int count,

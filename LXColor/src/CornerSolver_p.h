@@ -69,6 +69,8 @@ struct Mix
     int others[kMaxEmitters];
     int otherCount;
     int corner; ///< Bit t is set when others[t] is full.
+
+    bool isFull(int t) const { return (corner & (1 << t)) != 0; }
 };
 
 /// Visits the mixes of a number of emitters in the order of the search: visit(const Mix&).
@@ -90,10 +92,6 @@ void forEachMix(int emitterCount, Visit visit)
 /// The mixes of up to kMaxEmitters emitters in the order of the search. They live as long as the process: rendering may
 /// go on after main() has returned.
 const std::vector<Mix>& mixesOf(int emitterCount);
-
-// Levels between these and 0..1 are taken for such that rounding has put outside.
-constexpr double kSnapFrom = -5e-05;
-constexpr double kSnapTo = 1.00005;
 
 /// Levels that rounding has put just outside 0..1 are moved onto the end of the range.
 inline double snapToRange(double level)
@@ -129,7 +127,7 @@ public:
         double r0 = 0.0;
         double r1 = 0.0;
         for (int t = 0; t < mix.otherCount; ++t) {
-            if (!(mix.corner & (1 << t)))
+            if (!mix.isFull(t))
                 continue;
             const int k = mix.others[t];
             levels.level[k] = 1.0;

@@ -1,5 +1,6 @@
 #include "Curve.h"
 
+#include "CurveLookup_p.h"
 #include "CurveTables_p.h"
 
 Curve::Curve() = default;
@@ -15,13 +16,13 @@ void Curve::createLut() {}
 void Curve::applyCurve(int value, unsigned char* out)
 {
     Q_CHECK_PTR(out);
-    *out = lut8 ? lut8[qBound(0, value, 255)] : static_cast<unsigned char>(value);
+    *out = lxcolor::CurveLookup::value8(*this, value);
 }
 
 void Curve::applyCurve(int value, unsigned short* out)
 {
     Q_CHECK_PTR(out);
-    *out = lut16 ? lut16[qBound(0, value, 65535)] : static_cast<unsigned short>(value);
+    *out = lxcolor::CurveLookup::value16(*this, value);
 }
 
 void Curve::createLutFromPoints(const unsigned short* points)

@@ -5,6 +5,10 @@
 
 #include <QtGlobal>
 
+namespace lxcolor {
+struct CurveLookup;
+}
+
 /// A software dimming curve, held as look-up tables. This base class is the linear curve, which has none.
 class LXCOLOR_EXPORT Curve
 {
@@ -34,6 +38,7 @@ protected:
     unsigned short* lut16 = nullptr; ///< 65536 entries, owned.
 
 private:
+    friend struct lxcolor::CurveLookup;
     Q_DISABLE_COPY(Curve)
 };
 

@@ -164,14 +164,6 @@ void LXColor::storeY(double Y)
     m_words[2] = static_cast<quint32>(bits >> 32);
 }
 
-double LXColor::storedY() const
-{
-    const quint64 bits = m_words[1] | (static_cast<quint64>(m_words[2]) << 32);
-    double Y;
-    std::memcpy(&Y, &bits, sizeof Y);
-    return Y;
-}
-
 void LXColor::storeYxy(double Y, double x, double y)
 {
     m_spec = Yxy;
@@ -250,10 +242,10 @@ void LXColor::getRgb16(uint* r, uint* g, uint* b, uint* a) const
 {
     if (!r || !g || !b)
         return;
-    const LXColor rgb = toRgb16(true);
-    *r = to16(rgb.m_words[0]);
-    *g = to16(rgb.m_words[1]);
-    *b = to16(rgb.m_words[2]);
+    const RgbWords words = rgbWords();
+    *r = to16(words.red);
+    *g = to16(words.green);
+    *b = to16(words.blue);
     assign(a, alpha16());
 }
 
@@ -261,11 +253,22 @@ void LXColor::getRgbF(double* r, double* g, double* b, double* a) const
 {
     if (!r || !g || !b)
         return;
-    const LXColor rgb = toRgb16(true);
-    *r = toRatio(rgb.m_words[0]);
-    *g = toRatio(rgb.m_words[1]);
-    *b = toRatio(rgb.m_words[2]);
+    const RgbWords words = rgbWords();
+    *r = toRatio(words.red);
+    *g = toRatio(words.green);
+    *b = toRatio(words.blue);
     assign(a, alphaF());
+}
+
+/// Those of toRgb16(true), without a temporary colour where the face needs none.
+RgbWords LXColor::rgbWords() const
+{
+    if (m_spec == Rgb || m_spec == Invalid)
+        return {m_words[0], m_words[1], m_words[2]};
+    if (m_spec == Hsv)
+        return rgbFromHsv({m_words[0], m_words[1], m_words[2]});
+    const LXColor rgb = matchedRgb(true);
+    return {rgb.m_words[0], rgb.m_words[1], rgb.m_words[2]};
 }
 
 LXColor LXColor::toRgb16(bool clampToGamut) const

@@ -9,10 +9,16 @@
 #include <QString>
 #include <QVector>
 
+#include <cstring>
+
 class QDataStream;
 class QDebug;
 class QLinearGradient;
 class QMimeData;
+
+namespace lxcolor {
+struct RgbWords;
+}
 
 /// The MIME type of one colour, whose data are the value string in Latin-1.
 inline constexpr char LXCOLOR_MIME_TYPE[] = "data/x-lxcolor";
@@ -383,7 +389,13 @@ private:
     void storeWords(Spec spec, quint32 word0, quint32 word1, quint32 word2);
     void storeFace(Spec spec, quint32 word0, quint32 word1, quint32 word2, quint32 alpha, TonematchProfileID profile);
     void storeY(double Y);
-    double storedY() const;
+    double storedY() const
+    {
+        const quint64 bits = m_words[1] | (static_cast<quint64>(m_words[2]) << 32);
+        double Y;
+        std::memcpy(&Y, &bits, sizeof Y);
+        return Y;
+    }
     void storeYxy(double Y, double x, double y);
     void rebuildAsYxy(double Y, double x, double y);
     quint32 rgbWord(int word) const
@@ -391,6 +403,7 @@ private:
         return m_spec == Rgb || m_spec == Invalid ? m_words[word] : convertedRgbWord(word);
     }
     quint32 convertedRgbWord(int word) const;
+    lxcolor::RgbWords rgbWords() const;
     LXColor matchedRgb(bool clampToGamut) const;
     quint32 hsvWord(int word) const;
     static uint high16(quint32 word) { return word >> 16; }

@@ -28,9 +28,12 @@ public:
 
     Drive operator()(quint16 light)
     {
-        const Drive* const table = m_table.load(std::memory_order_acquire);
-        return table ? table[light] : withoutTable(light);
+        const Drive* const drives = table();
+        return drives ? drives[light] : withoutTable(light);
     }
+
+    /// The drive levels of all 65,536 light values; null before they are worked out.
+    const Drive* table() const { return m_table.load(std::memory_order_acquire); }
 
 private:
     static constexpr int kWorthATable = 1000;

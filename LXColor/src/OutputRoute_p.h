@@ -26,7 +26,46 @@ struct OutputRequest
     bool allowRgbPassThrough;
 };
 
-OutputRoute chooseOutputRoute(const OutputRequest& request, const IOModeRow& mode);
+/// The colour was made for this very fixture in this layout.
+inline bool fitsTarget(const OutputRequest& request, const IOModeRow& mode)
+{
+    return mode.inputConfiguration == request.configuration && request.profile == request.targetProfile &&
+           (mode.id == ColorUtils::IOModeRGB || (mode.isNtoN && request.face != OutputRequest::Face::Yxy));
+}
+
+/// The colour is a plain generic RGB one and the mode makes do with that.
+inline bool isPassedThrough(const OutputRequest& request, const IOModeRow& mode)
+{
+    return request.profile == ColorUtils::ProfileGenericRGB && request.configuration == ColorUtils::ConfigRGB &&
+           request.face != OutputRequest::Face::Yxy &&
+           !(request.face == OutputRequest::Face::NChannel && request.colorimetric) &&
+           (mode.is3toN || (mode.isNtoN && request.allowRgbPassThrough));
+}
+
+inline bool isGenericRgb(const OutputRequest& request, const IOModeRow& mode)
+{
+    return request.profile == ColorUtils::ProfileGenericRGB &&
+           (mode.inputConfiguration == ColorUtils::ConfigRGB ||
+            (request.configuration == ColorUtils::ConfigRGB && mode.isNtoN));
+}
+
+inline OutputRoute chooseOutputRoute(const OutputRequest& request, const IOModeRow& mode)
+{
+    if (!fitsTarget(request, mode) && !isPassedThrough(request, mode))
+        return OutputRoute::Matched;
+    if (isGenericRgb(request, mode))
+        return OutputRoute::RgbFace;
+    switch (request.face) {
+    case OutputRequest::Face::NChannel:
+        return OutputRoute::OwnLevels;
+    case OutputRequest::Face::Yxy:
+        return OutputRoute::Matched;
+    case OutputRequest::Face::RgbOrHsv:
+        return OutputRoute::RgbFace;
+    default:
+        return OutputRoute::Dark;
+    }
+}
 
 } // namespace lxcolor
 

@@ -21,7 +21,7 @@ quint64 bitsOf(double value)
 } // namespace
 
 PreparedSolver::PreparedSolver(const EmitterView& emitters, int count)
-    : m_count(std::min({count, emitters.count, kMaxEmitters})), m_origin{0.0, 0.0}, m_cellSize{0.0, 0.0}
+    : m_count(std::min({count, emitters.count, kMaxEmitters}))
 {
     std::copy_n(emitters.X, m_count, m_X);
     std::copy_n(emitters.Y, m_count, m_Y);
@@ -38,6 +38,13 @@ PreparedSolver::PreparedSolver(const EmitterView& emitters, int count)
         low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
         high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
     }
+    m_terms = mixTermsOf(view());
+    m_levels = mixLevelsOf(m_count).data();
+    m_evaluate = evaluateMixesHere();
+    m_hasCorners = true;
+    const auto areModerate = [this](const double* values) { return std::all_of(values, values + m_count, isModerate); };
+    if (!areModerate(m_X) || !areModerate(m_Y) || !areModerate(m_Z))
+        return;
     m_origin = low;
     m_cellSize = {(high.x - low.x) / kCellsPerSide, (high.y - low.y) / kCellsPerSide};
     m_cellsPerUnit = {kCellsPerSide / (high.x - low.x), kCellsPerSide / (high.y - low.y)};
@@ -48,64 +55,30 @@ bool PreparedSolver::isFor(const EmitterView& emitters) const
 {
     if (emitters.count < m_count)
         return false;
+    // All numbers without a look at how the last one came out, and with a count that is known beforehand.
+    switch (m_count) {
+    case 3:
+        return isForFirst<3>(emitters);
+    case 4:
+        return isForFirst<4>(emitters);
+    case 5:
+        return isForFirst<5>(emitters);
+    default: // which have no mix, whatever their emitters are
+        return true;
+    }
+}
+
+template <int Count>
+bool PreparedSolver::isForFirst(const EmitterView& emitters) const
+{
     quint64 difference = 0;
-    for (int k = 0; k < m_count; ++k)
+    for (int k = 0; k < Count; ++k)
         difference |= (bitsOf(emitters.X[k]) ^ bitsOf(m_X[k])) | (bitsOf(emitters.Y[k]) ^ bitsOf(m_Y[k])) |
                       (bitsOf(emitters.Z[k]) ^ bitsOf(m_Z[k]));
     return difference == 0;
 }
 
 EmitterView PreparedSolver::view() const { return {m_X, m_Y, m_Z, m_count}; }
-
-const LevelSet* PreparedSolver::atCorner(Chromaticity xy) const
-{
-    if (!m_cells)
-        return nullptr;
-    for (int k = 0; k < kGamutCorners; ++k)
-        if (xy.x == m_corners[k].x && xy.y == m_corners[k].y)
-            return &m_atCorners[k];
-    return nullptr;
-}
-
-MixShortlist PreparedSolver::shortlistAt(Chromaticity xy) const
-{
-    const double column = (xy.x - m_origin.x) * m_cellsPerUnit.x;
-    const double row = (xy.y - m_origin.y) * m_cellsPerUnit.y;
-    if (!m_cells || !(column >= 0.0 && column < kCellsPerSide && row >= 0.0 && row < kCellsPerSide))
-        return MixShortlist::tooMany();
-    const int number = static_cast<int>(row) * kCellsPerSide + static_cast<int>(column);
-    Cell& cell = m_cells[static_cast<size_t>(number)];
-    const quint64 first = cell.first.load(std::memory_order_acquire);
-    if (first != 0)
-        return {first, cell.second.load(std::memory_order_relaxed)};
-    const MixShortlist shortlist = shortlistOf(number);
-    cell.second.store(shortlist.second(), std::memory_order_relaxed);
-    cell.first.store(shortlist.first(), std::memory_order_release);
-    return shortlist;
-}
-
-LevelSet PreparedSolver::solve(Chromaticity xy) const
-{
-    if (const LevelSet* const levels = atCorner(xy))
-        return *levels;
-    const MixShortlist shortlist = shortlistAt(xy);
-    if (shortlist.hasTooMany())
-        return solveBrightestMix(view(), xy);
-
-    const EmitterView emitters = view();
-    const std::vector<Mix>& mixes = mixesOf(m_count);
-    MixEvaluation evaluation(emitters, m_count, xy);
-    const Mix* previous = nullptr;
-    PairElimination elimination;
-    shortlist.forEach([&](int number) {
-        const Mix& mix = mixes[static_cast<size_t>(number)];
-        if (!previous || mix.i != previous->i || mix.j != previous->j)
-            elimination = evaluation.eliminationOf(mix.i, mix.j);
-        evaluation.consider(mix, elimination);
-        previous = &mix;
-    });
-    return evaluation.best();
-}
 
 MixShortlist PreparedSolver::shortlistOf(int cellNumber) const
 {

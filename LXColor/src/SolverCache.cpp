@@ -48,6 +48,12 @@ const PreparedSolver* solverFor(int recordId, const EmitterView& emitters)
     return solver && solver->isFor(emitters) ? solver : prepare(slot, emitters, emitters.count);
 }
 
+void scale(const LevelSet& found, double Y, int count, double* levels)
+{
+    for (int k = 0; k < count; ++k)
+        levels[k] = found.level[k] * Y;
+}
+
 EmitterView firstOf(const EmitterView& emitters, int count)
 {
     return {emitters.X, emitters.Y, emitters.Z, std::min({emitters.count, count, kMaxEmitters})};
@@ -55,23 +61,22 @@ EmitterView firstOf(const EmitterView& emitters, int count)
 
 } // namespace
 
-LevelSet solveForRecord(int recordId, const EmitterView& emitters, int count, Chromaticity xy)
+void solveForRecord(int recordId, const EmitterView& emitters, int count, const Yxy* lights, int lightCount,
+                    double* levels, int stride)
 {
     const EmitterView used = firstOf(emitters, count);
     const PreparedSolver* const solver = solverFor(recordId, used);
-    return solver ? solver->solve(xy) : solveBrightestMix(used, xy);
-}
-
-void solveForRecord(int recordId, const EmitterView& emitters, int count, const Chromaticity* requests,
-                    int requestCount, LevelSet* results)
-{
-    const EmitterView used = firstOf(emitters, count);
-    const PreparedSolver* const solver = solverFor(recordId, used);
-    if (solver)
-        solver->solve(requests, requestCount, results);
+    if (!solver)
+        for (int i = 0; i < lightCount; ++i)
+            scale(solveBrightestMix(used, lights[i].xy), lights[i].Y, used.count, levels + i * stride);
+    else if (lightCount == 1)
+        solver->solve(*lights, levels);
     else
-        std::transform(requests, requests + requestCount, results,
-                       [&used](Chromaticity xy) { return solveBrightestMix(used, xy); });
+        solver->solve(lights, lightCount, levels, stride);
+    // Channels without an emitter.
+    for (int i = 0; i < lightCount; ++i)
+        for (int k = used.count; k < count; ++k)
+            levels[i * stride + k] = 0.0 * lights[i].Y;
 }
 
 } // namespace lxcolor

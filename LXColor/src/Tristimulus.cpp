@@ -58,3 +58,9 @@ bool Tristimulus::closestPtOnGamut(double x, double y, double& outX, double& out
     outY = closest.y();
     return isInside;
 }
+
+void Tristimulus::moveIntoGamut(lxcolor::Yxy* lights, int count) const
+{
+    if (m_gamut)
+        m_gamut->moveInside(lights, count);
+}

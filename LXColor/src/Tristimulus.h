@@ -12,7 +12,8 @@
 
 namespace lxcolor {
 class GamutTriangle;
-}
+struct Yxy;
+} // namespace lxcolor
 
 /// Squared distance between two points.
 LXCOLOR_EXPORT double length_squared(QPointF a, QPointF b);
@@ -72,6 +73,10 @@ public:
     bool closestPtOnGamut(double x, double y, double& outX, double& outY);
 
 private:
+    friend class ColorUtils;
+    /// Gives each the chromaticity of closestPtOnGamut().
+    void moveIntoGamut(lxcolor::Yxy* lights, int count) const;
+
     QVector<double> m_X;
     QVector<double> m_Y;
     QVector<double> m_Z;

@@ -64,11 +64,6 @@ void writeJson(const CheckedFile& file)
                    {QStringLiteral("findings"), findings}});
 }
 
-QString counted(qint64 number, const char* one, const char* many)
-{
-    return QStringLiteral("%1 %2").arg(number).arg(QLatin1String(number == 1 ? one : many));
-}
-
 } // namespace
 
 void runCheck(const QStringList& arguments)

@@ -13,6 +13,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -70,9 +71,13 @@ void writeText(const Fixture& fixture)
     for (const FixtureGamut::Corner& corner : gamut.triangle())
         rows.append(QStringList(corner.name) + chromaticityOf(corner.xy).cells());
     const int triangleRows = rows.size();
+    const auto isListed = [&](const FixtureGamut::Corner& corner) { // nothing is inside of a triangle without an area
+        return std::any_of(gamut.triangle().begin(), gamut.triangle().end(),
+                           [&](const FixtureGamut::Corner& listed) { return listed.xy == corner.xy; });
+    };
     if (gamut.reachesBeyondTriangle())
         for (const FixtureGamut::Corner& corner : gamut.hull())
-            if (!gamut.placeOf(corner.xy).inside)
+            if (!gamut.placeOf(corner.xy).inside && !isListed(corner))
                 rows.append(QStringList(corner.name) + chromaticityOf(corner.xy).cells());
     writeLine(QStringLiteral("%1 %2").arg(QString::number(fixture.id), fixture.name));
     writeGrid(rows, 1, QStringLiteral("    "));

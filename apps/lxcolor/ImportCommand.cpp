@@ -29,11 +29,12 @@ struct Import
 
 FixtureImport::Reading readMeasurement(const QString& fileName, const QString& unit)
 {
-    FixtureImport::Reading reading = FixtureImport::read(readFile(fileName, FixtureImport::largestFile), unit);
+    FixtureImport::Reading reading = FixtureImport::read(readInput(fileName, FixtureImport::largestFile), unit);
     const FixtureImport::Error& error = reading.error;
     const QString place = error.line > 0 ? QStringLiteral(":%1:%2").arg(error.line).arg(error.column) : QString();
     if (!reading.isRead)
-        throw CommandError(QStringLiteral("%1%2: %3").arg(printable(fileName), place, printable(error.text)));
+        throw CommandError(
+            QStringLiteral("%1%2: %3").arg(printable(inputName(fileName)), place, printable(error.text)));
     return reading;
 }
 
@@ -46,23 +47,29 @@ Import importOf(const SubcommandLine& line, const QString& file)
         throw CommandError(QStringLiteral("--output is missing: the fixture profile database to write"));
     if (!line.isSet(QStringLiteral("profile")))
         throw CommandError(QStringLiteral("--profile is missing: the fixture that was measured"));
+    if (isStandardStream(import.out) && line.format() == QLatin1String("json"))
+        throw CommandError(QStringLiteral("--json reports on standard output, so OUT cannot be -"));
     import.profile = fixtureWithGamutNamed(line.value(QStringLiteral("profile")));
     import.reading = readMeasurement(file, line.value(QStringLiteral("unit")));
     const QStringList channels = line.value(QStringLiteral("channels")).split(QLatin1Char(','), Qt::SkipEmptyParts);
     import.assignment = FixtureImport::assign(import.reading.emitters, import.profile, channels);
     if (!import.assignment.isComplete) {
         const QString leftOut = import.reading.remarks.join(QLatin1Char(' '));
-        throw CommandError(QStringLiteral("%1: %2; --channels states them%3")
-                               .arg(printable(file), printable(import.assignment.error),
-                                    leftOut.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(printable(leftOut))));
-    }
-    const QByteArray earlier =
-        QFileInfo::exists(import.out) ? readFile(import.out, FixtureImport::largestFile) : QByteArray();
-    import.database = FixtureImport::writeProfile(earlier, import.profile, import.assignment.channels,
-                                                  QFileInfo(file).fileName(), line.isSet(QStringLiteral("replace")));
-    if (!import.database.isWritten)
         throw CommandError(
-            QStringLiteral("cannot add to %1: %2").arg(quoted(import.out), printable(import.database.error)));
+            QStringLiteral("%1: %2%3%4")
+                .arg(printable(inputName(file)), printable(import.assignment.error),
+                     channels.isEmpty() ? QStringLiteral("; --channels says which emitter is which") : QString(),
+                     leftOut.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(printable(leftOut))));
+    }
+    const QByteArray earlier = !isStandardStream(import.out) && QFileInfo::exists(import.out)
+                                   ? readFile(import.out, FixtureImport::largestFile)
+                                   : QByteArray();
+    import.database =
+        FixtureImport::writeProfile(earlier, import.profile, import.assignment.channels,
+                                    QFileInfo(inputName(file)).fileName(), line.isSet(QStringLiteral("replace")));
+    if (!import.database.isWritten)
+        throw CommandError(QStringLiteral("cannot add to %1: %2")
+                               .arg(quoted(outputName(import.out)), printable(import.database.error)));
     return import;
 }
 
@@ -80,7 +87,7 @@ QJsonObject toJson(const Import& import)
                                     {QStringLiteral("origin"), channel.origin}});
     }
     return {
-        {QStringLiteral("in"), import.file},
+        {QStringLiteral("in"), inputName(import.file)},
         {QStringLiteral("source"), FixtureImport::name(import.reading.source)},
         {QStringLiteral("unit"), import.reading.unit},
         {QStringLiteral("out"), import.out},
@@ -94,8 +101,10 @@ QJsonObject toJson(const Import& import)
 void writeText(const Import& import)
 {
     for (const QString& remark : import.reading.remarks + import.assignment.remarks)
-        std::fprintf(stderr, "lxcolor: warning: %s: %s\n", qUtf8Printable(printable(import.file)),
+        std::fprintf(stderr, "lxcolor: warning: %s: %s\n", qUtf8Printable(printable(inputName(import.file))),
                      qUtf8Printable(printable(remark)));
+    if (isStandardStream(import.out)) // the database has it all in comments
+        return;
     const QString unit = import.reading.unit;
     const bool isOfSpectra = unit.contains(QLatin1Char('W'));
     QVector<QStringList> rows{{QStringLiteral("Channel"), QStringLiteral("x"), QStringLiteral("y"),
@@ -125,7 +134,8 @@ void runImport(const QStringList& arguments)
             "FILE is a GDTF description (description.xml, or a .gdtf archive), or a table of a spectrometer as "
             "CSV or CGATS text:\na row an emitter with x, y, Y or X, Y, Z or a spectrum, or a row a wavelength "
             "with a column an emitter. The unit\nhas to be stated, as in \"Y (cd/m2)\" or by --unit; decimal "
-            "commas are read.\n\n"
+            "commas are read.\nFILE may be -, standard input, and OUT -, standard output: then a new database alone is "
+            "printed.\n\n"
             "Examples:\n  lxcolor import bench.csv --profile \"WashLine QP6 RGBW\" -o FixtureProfiles.xml\n"
             "  lxcolor import fixture.gdtf --profile 8 --channels \"Red,Green,Blue,PC Amber\" -o "
             "FixtureProfiles.xml"));
@@ -149,7 +159,7 @@ void runImport(const QStringList& arguments)
     if (line.positionalArguments().size() != 1)
         throw CommandError(QStringLiteral("one file to import is needed"));
     const Import import = importOf(line, line.positionalArguments().first());
-    replaceFile(import.out, import.database.content);
+    writeOutput(import.out, import.database.content);
     if (format == QLatin1String("json"))
         writeJsonLine(toJson(import));
     else

@@ -48,4 +48,9 @@ void writeJsonLine(const QJsonObject& object)
     writeLine(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
 }
 
+QString counted(qint64 number, const char* one, const char* many)
+{
+    return QStringLiteral("%1 %2").arg(number).arg(QLatin1String(number == 1 ? one : many));
+}
+
 bool outputShowsColors() { return isTerminal(stdout) && qgetenv("NO_COLOR").isEmpty() && qgetenv("TERM") != "dumb"; }

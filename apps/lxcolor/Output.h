@@ -20,6 +20,9 @@ void writeBytes(const unsigned char* bytes, std::size_t size);
 /// Writes \a object on one line.
 void writeJsonLine(const QJsonObject& object);
 
+/// "1 colour", "2 colours".
+QString counted(qint64 number, const char* one, const char* many);
+
 /// Whether standard output is a terminal that shows colours and whose user has not asked for none (NO_COLOR).
 bool outputShowsColors();
 

@@ -36,6 +36,9 @@ Format formatOf(const SubcommandLine& line, const char* option, const QString& f
     if (line.isSet(name) && !PaletteFormat::fromName(line.value(name), &format))
         throw CommandError(
             QStringLiteral("--%1 cannot be %2; accepted: %3").arg(name, quoted(line.value(name)), accepted));
+    if (!line.isSet(name) && isStandardStream(fileName))
+        throw CommandError(
+            QStringLiteral("--%1 is missing: - has no suffix that says its format; accepted: %2").arg(name, accepted));
     if (!line.isSet(name) && !PaletteFormat::fromFileName(fileName, &format))
         throw CommandError(QStringLiteral("cannot tell the format of %1 by its suffix; --%2 says it: %3")
                                .arg(quoted(fileName), name, accepted));
@@ -51,11 +54,14 @@ QString placeOf(const PaletteFormat::Error& error)
 
 PaletteFormat::Reading readPalette(const QString& fileName, Format format)
 {
-    PaletteFormat::Reading reading = PaletteFormat::read(readFile(fileName, PaletteFormat::largestFile), format,
-                                                         QFileInfo(fileName).completeBaseName());
+    const QString listName =
+        isStandardStream(fileName) ? QStringLiteral("Palette") : QFileInfo(fileName).completeBaseName();
+    PaletteFormat::Reading reading =
+        PaletteFormat::read(readInput(fileName, PaletteFormat::largestFile), format, listName);
     if (!reading.isRead)
         throw CommandError(
-            QStringLiteral("%1%2: %3").arg(printable(fileName), placeOf(reading.error), printable(reading.error.text)));
+            QStringLiteral("%1%2: %3")
+                .arg(printable(inputName(fileName)), placeOf(reading.error), printable(reading.error.text)));
     return reading;
 }
 
@@ -80,13 +86,16 @@ void convert(const SubcommandLine& line, const QString& in, const QString& out)
 {
     const Format from = formatOf(line, "from", in);
     const Format to = formatOf(line, "to", out);
+    const bool isReported = line.format() == QLatin1String("json");
+    if (isReported && isStandardStream(out))
+        throw CommandError(QStringLiteral("--json reports on standard output, so OUT cannot be -"));
     const PaletteFormat::Reading reading = readPalette(in, from);
     const PaletteFormat::Writing writing = PaletteFormat::write(reading.palette, to);
     if (!writing.isWritten)
-        throw CommandError(QStringLiteral("cannot write %1: %2").arg(quoted(out), writing.error));
-    replaceFile(out, writing.bytes);
-    if (line.format() == QLatin1String("json"))
-        return writeJsonLine({{QStringLiteral("in"), in},
+        throw CommandError(QStringLiteral("cannot write %1: %2").arg(quoted(outputName(out)), writing.error));
+    writeOutput(out, writing.bytes);
+    if (isReported)
+        return writeJsonLine({{QStringLiteral("in"), inputName(in)},
                               {QStringLiteral("from"), PaletteFormat::name(from)},
                               {QStringLiteral("out"), out},
                               {QStringLiteral("to"), PaletteFormat::name(to)},
@@ -94,23 +103,25 @@ void convert(const SubcommandLine& line, const QString& in, const QString& out)
                               {QStringLiteral("colors"), reading.palette.size()},
                               {QStringLiteral("readRemarks"), toJson(reading.remarks)},
                               {QStringLiteral("writeRemarks"), toJson(writing.remarks)}});
-    warn(in, reading.remarks);
-    warn(out, writing.remarks);
+    warn(inputName(in), reading.remarks);
+    warn(outputName(out), writing.remarks);
 }
 
 void show(const SubcommandLine& line, const QString& in)
 {
     const PaletteFormat::Reading reading = readPalette(in, formatOf(line, "from", in));
-    warn(in, reading.remarks);
+    warn(inputName(in), reading.remarks);
+    if (reading.palette.lists.isEmpty() && line.format() != QLatin1String("json"))
+        writeLine(QStringLiteral("%1: no colours").arg(printable(inputName(in))));
     for (const Palette::List& list : reading.palette.lists) {
         SwatchList listed{list.name, list.isUserList, {}};
         for (const Palette::Entry& entry : list.entries)
             listed.colors.append(
                 {entry.name, entry.uid, entry.value, entry.originatingPreset, entry.vendorId, entry.color()});
         if (line.format() == QLatin1String("json"))
-            writeJsonLine(toJson(in, listed));
+            writeJsonLine(toJson(inputName(in), listed));
         else
-            writeTable(in, listed, wantsSwatches(line));
+            writeTable(inputName(in), listed, wantsSwatches(line));
     }
 }
 
@@ -120,14 +131,17 @@ void runPalette(const QStringList& arguments)
 {
     SubcommandLine line(
         QStringLiteral("palette [options] convert FILE OUT\n       lxcolor palette [options] show FILE"),
-        QStringLiteral("Reads and writes palettes: .gpl, .ase, .aco, .csv, .css, and the library's own documents "
-                       "(.xml, .lxcolors).\nThe suffix of a file says its format, or an option does.\n\n"
-                       "What the format of OUT cannot hold is kept in comments or columns where it has them, and "
-                       "otherwise told on\nstandard error, each kind of loss once. A file that has a fault is not "
-                       "read at all. OUT is replaced in one step.\n\n"
-                       "Examples:\n  lxcolor palette convert Presets/ColorWheel.lxcolors wheel.gpl\n"
-                       "  lxcolor palette convert from-the-designer.ase show.lxcolors\n"
-                       "  lxcolor palette show wheel.gpl"));
+        QStringLiteral(
+            "Reads and writes palettes: .gpl, .ase, .aco, .csv, .css, and the library's own documents "
+            "(.xml, .lxcolors).\nThe suffix of a file says its format, or an option does. FILE may be -, standard "
+            "input, and OUT -, standard output:\nthen the option is needed.\n\n"
+            "What the format of OUT cannot hold is kept in comments or columns where it has them, and "
+            "otherwise told on\nstandard error, each kind of loss once. A file that has a fault is not "
+            "read at all. OUT is replaced in one step.\n\n"
+            "Examples:\n  lxcolor palette convert Presets/ColorWheel.lxcolors wheel.gpl\n"
+            "  lxcolor palette convert from-the-designer.ase show.lxcolors\n"
+            "  lxcolor palette show wheel.gpl\n"
+            "  lxcolor palette convert logo.ase - --to css | less"));
     const QString formats = formatNames().join(QLatin1Char('|'));
     line.addValue(QStringLiteral("from"), formats,
                   QStringLiteral("The format of FILE; by default what its suffix says."));
@@ -142,7 +156,9 @@ void runPalette(const QStringList& arguments)
     const QStringList words = line.positionalArguments();
     const QString action = words.value(0);
     if (action != QLatin1String("convert") && action != QLatin1String("show"))
-        throw CommandError(QStringLiteral("palette cannot %1; accepted: convert, show").arg(quoted(action)));
+        throw CommandError(QStringLiteral("%1; accepted: convert, show")
+                               .arg(words.isEmpty() ? QStringLiteral("palette does not know what to do")
+                                                    : QStringLiteral("palette cannot %1").arg(quoted(action))));
     const bool isConversion = action == QLatin1String("convert");
     if (words.size() != (isConversion ? 3 : 2))
         throw CommandError(isConversion ? QStringLiteral("convert needs two files: FILE and OUT")

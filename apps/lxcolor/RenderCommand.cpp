@@ -28,7 +28,9 @@ public:
         static const QRegularExpression space(QStringLiteral("\\s+"));
         const QVector<QStringRef> words = line.splitRef(space, Qt::SkipEmptyParts);
         if (words.size() > m_colors.size())
-            throw CommandError(QStringLiteral("%1 colours for %2 fixtures").arg(words.size()).arg(m_colors.size()));
+            throw CommandError(
+                QStringLiteral("%1 for %2")
+                    .arg(counted(words.size(), "colour", "colours"), counted(m_colors.size(), "fixture", "fixtures")));
         QVector<LXColor> colors = m_colors;
         for (int i = 0; i < words.size(); ++i)
             if (words[i] != QLatin1String("-"))

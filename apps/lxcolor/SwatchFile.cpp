@@ -1,16 +1,18 @@
 #include "SwatchFile.h"
 
 #include "CommandError.h"
+#include "FileBytes.h"
 #include "OrbisProjectHelper.h"
+#include "PaletteFormat.h"
 
 #include <QDomDocument>
-#include <QFile>
 #include <QXmlStreamReader>
 
 namespace {
 
 // A document model is built by functions that call themselves for each level.
 constexpr int kDeepestElement = 256;
+constexpr qint64 kLargestFile = 128 * 1024 * 1024; // bytes, as the library has it
 
 CommandError fault(const QString& fileName, qint64 line, qint64 column, const QString& what)
 {
@@ -18,39 +20,37 @@ CommandError fault(const QString& fileName, qint64 line, qint64 column, const QS
         QStringLiteral("%1:%2:%3: %4").arg(printable(fileName)).arg(line).arg(column).arg(printable(what)));
 }
 
-/// Reads through the file once without keeping anything, so that what follows meets well-formed XML of a sane depth.
-void checkXml(QFile& file)
+/// Reads through the text once without keeping anything, so that what follows meets well-formed XML of a sane depth.
+void checkXml(const QString& fileName, const QByteArray& bytes)
 {
-    QXmlStreamReader reader(&file);
+    QXmlStreamReader reader(bytes);
     int depth = 0;
     while (!reader.atEnd()) {
         reader.readNext();
         if (reader.isStartElement() && ++depth > kDeepestElement)
-            throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(),
+            throw fault(fileName, reader.lineNumber(), reader.columnNumber(),
                         QStringLiteral("elements are nested deeper than %1 levels").arg(kDeepestElement));
         if (reader.isEndElement())
             --depth;
         if (reader.isEntityReference() || (reader.isDTD() && !reader.entityDeclarations().isEmpty()))
-            throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(),
+            throw fault(fileName, reader.lineNumber(), reader.columnNumber(),
                         QStringLiteral("entities are not supported"));
     }
     if (reader.hasError())
-        throw fault(file.fileName(), reader.lineNumber(), reader.columnNumber(), reader.errorString());
-    file.seek(0);
+        throw fault(fileName, reader.lineNumber(), reader.columnNumber(), reader.errorString());
 }
 
 QDomDocument readDocument(const QString& fileName)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        throw CommandError(QStringLiteral("%1: %2").arg(printable(fileName), printable(file.errorString())));
-    checkXml(file);
+    const QByteArray bytes = readInput(fileName, kLargestFile);
+    checkXml(inputName(fileName), bytes);
     QDomDocument document;
     QString what;
     int line = 0;
     int column = 0;
-    if (!document.setContent(&file, true, &what, &line, &column))
-        throw fault(fileName, line, column, what);
+    QXmlStreamReader reader(bytes); // without one, references keep 16 bits of a character
+    if (!document.setContent(&reader, true, &what, &line, &column))
+        throw fault(inputName(fileName), line, column, what);
     return document;
 }
 
@@ -77,28 +77,12 @@ QVector<SwatchList> readSwatchFile(const QString& fileName)
     return lists;
 }
 
-QString standAloneDocument(const SwatchList& list)
+QByteArray standAloneDocument(const SwatchList& list)
 {
-    QStringList uids;
-    QStringList names;
-    QStringList values;
-    QStringList presets;
-    QStringList vendorIds;
-    for (const Swatch& swatch : list.colors) {
-        if (!swatch.color.isValid())
-            continue;
-        uids << QString();
-        names << swatch.name;
-        values << swatch.color.aName();
-        presets << swatch.originatingPreset;
-        vendorIds << swatch.vendorId;
-    }
-    QDomDocument document;
-    bool isDone = false;
-    OrbisProjectHelper helper;
-    QDomElement element = helper.createElement(document, isDone, uids, names, values, presets, vendorIds);
-    element.setAttribute(QStringLiteral("name"), list.name);
-    element.setAttribute(QStringLiteral("isUserLibrary"), 1);
-    document.appendChild(element);
-    return document.toString(1);
+    Palette palette{{{list.name, true, {}}}};
+    for (const Swatch& swatch : list.colors)
+        if (swatch.color.isValid())
+            palette.lists.first().entries.append(
+                {swatch.name, swatch.color.aName(), QString(), swatch.originatingPreset, swatch.vendorId});
+    return PaletteFormat::write(palette, PaletteFormat::Id::Document).bytes;
 }

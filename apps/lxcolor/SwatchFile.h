@@ -31,6 +31,6 @@ QVector<SwatchList> readSwatchFile(const QString& fileName);
 
 /// A document of its own with the colours of one list that can be read, without their uids, which whoever loads it
 /// gives anew.
-QString standAloneDocument(const SwatchList& list);
+QByteArray standAloneDocument(const SwatchList& list);
 
 #endif

@@ -34,10 +34,10 @@ QJsonObject toJson(const QString& fileName, const SwatchList& list)
 
 void writeTable(const QString& fileName, const SwatchList& list, bool swatches)
 {
-    writeLine(QStringLiteral("%1: %2 (%3, %4 colours)")
+    writeLine(QStringLiteral("%1: %2 (%3, %4)")
                   .arg(printable(fileName), printable(list.name),
-                       list.isUserList ? QStringLiteral("user list") : QStringLiteral("preset or project list"))
-                  .arg(list.colors.size()));
+                       list.isUserList ? QStringLiteral("user list") : QStringLiteral("preset or project list"),
+                       counted(list.colors.size(), "colour", "colours")));
     const Table table({QStringLiteral("Red"), QStringLiteral("Green"), QStringLiteral("Blue")}, 3, swatches);
     if (!list.colors.isEmpty())
         table.writeHeads();

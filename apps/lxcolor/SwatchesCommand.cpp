@@ -1,4 +1,5 @@
 #include "CommandError.h"
+#include "FileBytes.h"
 #include "NameLookup.h"
 #include "Output.h"
 #include "SubcommandLine.h"
@@ -15,7 +16,7 @@ void exportList(const QVector<SwatchList>& lists, const QString& name)
 {
     const auto found = std::find_if(lists.begin(), lists.end(), [&](const SwatchList& l) { return l.name == name; });
     if (found != lists.end())
-        return writeLine(standAloneDocument(*found).trimmed());
+        return writeOutput(QStringLiteral("-"), standAloneDocument(*found));
     QStringList names;
     for (const SwatchList& list : lists)
         names << quoted(list.name);
@@ -31,7 +32,7 @@ void runSwatches(const QStringList& arguments)
     SubcommandLine line(
         QStringLiteral("swatches [options] FILE..."),
         QStringLiteral("Lists the colour lists of user colour files, preset files and project documents, "
-                       "as the library reads them.\n\n"
+                       "as the library reads them.\nFILE may be -, standard input.\n\n"
                        "Example:\n  lxcolor swatches Presets/ColorWheel.lxcolors\n"
                        "  lxcolor swatches show.xml --export \"Project Swatches\" > ours.lxcolors"));
     line.addFormats({QStringLiteral("table"), QStringLiteral("json")},
@@ -43,25 +44,29 @@ void runSwatches(const QStringList& arguments)
         return;
     if (line.positionalArguments().isEmpty())
         throw CommandError(QStringLiteral("no file given"));
+    if (line.positionalArguments().count(QStringLiteral("-")) > 1)
+        throw CommandError(QStringLiteral("standard input is given more than once"));
     const bool isTable = line.format() == QLatin1String("table");
     if (line.isSet(QStringLiteral("export")) && (!isTable || line.isSet(QStringLiteral("format"))))
         throw CommandError(QStringLiteral("--export has a form of its own, so it takes no --format and no --json"));
 
     // All files are read before anything is printed.
-    QVector<QPair<QString, SwatchList>> lists;
+    QVector<QPair<QString, QVector<SwatchList>>> files;
     QVector<SwatchList> all;
     for (const QString& fileName : line.positionalArguments()) {
-        for (const SwatchList& list : readSwatchFile(fileName)) {
-            lists.append({fileName, list});
-            all.append(list);
-        }
+        files.append({inputName(fileName), readSwatchFile(fileName)});
+        all += files.last().second;
     }
     if (line.isSet(QStringLiteral("export")))
         return exportList(all, line.value(QStringLiteral("export")));
-    for (const auto& entry : lists) {
-        if (isTable)
-            writeTable(entry.first, entry.second, wantsSwatches(line));
-        else
-            writeJsonLine(toJson(entry.first, entry.second));
+    for (const auto& file : files) {
+        if (isTable && file.second.isEmpty())
+            writeLine(QStringLiteral("%1: no colours").arg(printable(file.first)));
+        for (const SwatchList& list : file.second) {
+            if (isTable)
+                writeTable(file.first, list, wantsSwatches(line));
+            else
+                writeJsonLine(toJson(file.first, list));
+        }
     }
 }

@@ -11,11 +11,14 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalBlocker>
@@ -23,6 +26,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUndoStack>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -62,6 +66,20 @@ QPushButton* button(QAction* action)
 }
 
 QString fileFilter() { return MainWindow::tr("Project documents (*.xml);;All files (*)"); }
+
+QString openFilter()
+{
+    return MainWindow::tr("Project documents and palettes (%1);;All files (*)")
+        .arg(QStringLiteral("*.xml *.lxcolors *.gpl *.ase *.aco *.csv *.tsv *.css"));
+}
+
+/// The one file that is dragged, or nothing.
+QString fileOf(const QMimeData* data)
+{
+    const QList<QUrl> urls = data ? data->urls() : QList<QUrl>();
+    const QString path = urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return QFileInfo(path).isFile() ? path : QString();
+}
 
 } // namespace
 
@@ -150,13 +168,18 @@ void MainWindow::buildPanes()
     m_splitter->setStretchFactor(1, 3);
     m_splitter->setStretchFactor(2, 2);
     setCentralWidget(m_splitter);
+    setAcceptDrops(true);
+    installEventFilter(this);
+    for (QWidget* widget : findChildren<QWidget*>())
+        if (widget->acceptDrops()) // and would keep files from the window
+            widget->installEventFilter(this);
 }
 
 void MainWindow::buildFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     m_recentFiles = new RecentFiles(tr("Open &Recent"), this);
-    connect(m_recentFiles, &RecentFiles::chosen, this, &MainWindow::openRecent);
+    connect(m_recentFiles, &RecentFiles::chosen, this, &MainWindow::openOther);
     menu->addAction(m_newAction);
     menu->addAction(m_openAction);
     menu->addMenu(m_recentFiles);
@@ -181,6 +204,9 @@ void MainWindow::buildEditMenu()
     menu->addAction(m_swatches->action(SwatchAction::Delete));
     menu->addSeparator();
     menu->addAction(m_swatches->action(SwatchAction::NewList));
+    menu->addAction(m_swatches->action(SwatchAction::MoveListUp));
+    menu->addAction(m_swatches->action(SwatchAction::MoveListDown));
+    menu->addSeparator();
     menu->addAction(m_swatches->action(SwatchAction::Find));
 }
 
@@ -296,15 +322,27 @@ void MainWindow::newDocument()
 
 bool MainWindow::openDocument(const QString& path)
 {
-    const QString fault = m_document.open(path, *LXColorLibrary::Instance());
+    LXColorLibrary& library = *LXColorLibrary::Instance();
+    auto format = PaletteFormat::Id::Document;
+    const bool isPalette = PaletteFormat::fromFileName(path, &format) && format != PaletteFormat::Id::Document;
+    QString remarks;
+    const QString fault =
+        isPalette ? m_document.openPalette(path, format, library, remarks) : m_document.open(path, library);
     if (!fault.isEmpty()) {
         m_recentFiles->remove(path);
         QMessageBox::critical(this, QApplication::applicationDisplayName(), fault);
         return false;
     }
     m_swatches->refresh();
-    setPath(path);
+    setPath(isPalette ? QString() : path);
     forgetChanges();
+    if (isPalette) {
+        m_recentFiles->add(path);
+        m_proposedPath = QFileInfo(path).dir().filePath(QFileInfo(path).completeBaseName() + QStringLiteral(".xml"));
+        m_savedColors.clear();
+        updateModified();
+        complain(remarks);
+    }
     return true;
 }
 
@@ -313,22 +351,52 @@ void MainWindow::askAndOpen()
     if (!mayLoseChanges())
         return;
     const QString folder = m_path.isEmpty() ? QString() : QFileInfo(m_path).absolutePath();
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), folder, fileFilter());
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), folder, openFilter());
     if (!path.isEmpty())
         openDocument(path);
 }
 
-void MainWindow::openRecent(const QString& path)
+void MainWindow::openOther(const QString& path)
 {
     if (mayLoseChanges())
         openDocument(path);
 }
 
-bool MainWindow::save() { return m_path.isEmpty() ? saveAs() : saveTo(m_path); }
+bool MainWindow::eventFilter(QObject* object, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
+        return QMainWindow::eventFilter(object, event);
+    auto* drop = static_cast<QDropEvent*>(event);
+    const QString path = fileOf(drop->mimeData());
+    if (path.isEmpty())
+        return QMainWindow::eventFilter(object, event);
+    drop->setDropAction(Qt::CopyAction);
+    drop->accept();
+    if (type == QEvent::Drop) // whoever dragged it does not wait for the answer to a question
+        QTimer::singleShot(0, this, [this, path] { openOther(path); });
+    return true;
+}
+
+bool MainWindow::save()
+{
+    if (m_path.isEmpty())
+        return saveAs();
+    if (m_document.hasChanged(m_path)) {
+        QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(),
+                        tr("Another program has changed “%1” since it was opened. Do you want to replace it?")
+                            .arg(QFileInfo(m_path).fileName()),
+                        QMessageBox::Save | QMessageBox::Cancel, this);
+        box.setDefaultButton(QMessageBox::Cancel);
+        if (box.exec() != QMessageBox::Save)
+            return false;
+    }
+    return saveTo(m_path);
+}
 
 bool MainWindow::saveAs()
 {
-    QFileDialog dialog(this, tr("Save Project"), m_path.isEmpty() ? tr("Show.xml") : m_path, fileFilter());
+    QFileDialog dialog(this, tr("Save Project"), m_path.isEmpty() ? m_proposedPath : m_path, fileFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("xml"));
     if (!m_path.isEmpty())
@@ -373,6 +441,7 @@ bool MainWindow::mayLoseChanges()
 void MainWindow::setPath(const QString& path)
 {
     m_path = path;
+    m_proposedPath = tr("Show.xml");
     const QString name = path.isEmpty() ? tr("Untitled") : QFileInfo(path).fileName();
     setWindowTitle(QStringLiteral("%1[*] – %2").arg(name, QApplication::applicationDisplayName()));
     setWindowFilePath(path);

@@ -24,13 +24,16 @@ public:
     /// On LXColorLibrary::Instance().
     explicit MainWindow(Appearance appearance, QWidget* parent = nullptr);
 
-    /// Opens a document in place of the current one. False, with a message to the user, when that fails.
+    /// Opens a document in place of the current one, or the colours of a palette (by its suffix) as a project without a
+    /// name. False, with a message to the user, when that fails.
     bool openDocument(const QString& path);
     /// As they were when the program was closed last.
     void restoreSettings();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    /// Files that are dropped, wherever in the window.
+    bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void buildPanes();
@@ -46,7 +49,7 @@ private:
 
     void newDocument();
     void askAndOpen();
-    void openRecent(const QString& path);
+    void openOther(const QString& path);
     bool save();
     bool saveAs();
     bool saveTo(const QString& path);
@@ -65,7 +68,8 @@ private:
     void about();
 
     ProjectDocument m_document;
-    QString m_path;
+    QString m_path;         ///< Of the project; empty for one that was never saved.
+    QString m_proposedPath; ///< For such a one.
     QString m_savedColors;
     QTimer m_modifiedTimer;
     Appearance m_appearance;

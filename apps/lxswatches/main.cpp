@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QHash>
 #include <QIcon>
 #include <QLoggingCategory>
 #include <QSettings>
@@ -33,7 +32,7 @@ Options readOptions(const QCoreApplication& app)
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({dark, screenshot});
-    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project document to open."),
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The project document or palette to open."),
                                  QStringLiteral("[FILE]"));
     parser.process(app);
     return {parser.positionalArguments().value(0), parser.value(screenshot), parser.isSet(dark)};
@@ -91,7 +90,6 @@ int run(const Options& options)
 
 int main(int argc, char* argv[])
 {
-    qSetGlobalQHashSeed(0); // so that the attributes of a saved document have the same order each time
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);

@@ -178,7 +178,7 @@ public:
     FixtureImport::Assignment stated(const QStringList& channels)
     {
         if (channels.size() != m_roles.size())
-            return refuse(FixtureImport::tr("%1 channels are stated, but the fixture has %2: %3")
+            return refuse(FixtureImport::tr("The number of channels stated is %1, that of the fixture %2: %3")
                               .arg(channels.size())
                               .arg(m_roles.size())
                               .arg(roleNames()));
@@ -241,15 +241,14 @@ private:
             return true;
         found = best.first();
         if (best.size() > 1) {
-            refuse(FixtureImport::tr("Several emitters may be %1: %2; state the channels")
+            refuse(FixtureImport::tr("Several emitters may be %1: %2")
                        .arg(QLatin1String(row.name), listed(m_emitters, best)));
             return false;
         }
         const Emitter& emitter = m_emitters.at(found);
         if (contradicts(emitter, row)) {
             const QPointF xy = emitter.light.xy();
-            refuse(FixtureImport::tr(
-                       "\"%1\" cannot be %2: its chromaticity is %3, %4. If that is right, state the channels")
+            refuse(FixtureImport::tr("\"%1\" cannot be %2: its chromaticity is %3, %4")
                        .arg(emitter.name, QLatin1String(row.name), shown(xy.x()), shown(xy.y())));
             return false;
         }
@@ -271,8 +270,7 @@ private:
         const QString role = QLatin1String(row.name);
         refuse(fitting.isEmpty()
                    ? FixtureImport::tr("There is no emitter for %1; there are: %2").arg(role, allListed(m_emitters))
-                   : FixtureImport::tr("Several emitters may be %1: %2; state the channels")
-                         .arg(role, listed(m_emitters, fitting)));
+                   : FixtureImport::tr("Several emitters may be %1: %2").arg(role, listed(m_emitters, fitting)));
         return false;
     }
 

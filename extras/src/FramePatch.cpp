@@ -110,9 +110,17 @@ QString FramePatch::build(const QVector<Fixture>& fixtures)
         const Fixture& fixture = fixtures[i];
         const auto position = std::lower_bound(m_universes.constBegin(), m_universes.constEnd(), fixture.universe);
         const int base = static_cast<int>(position - m_universes.constBegin()) * kSlots - 1; // slots count from 1
-        PatchedFixture patched = {
-            fixture.profile, fixture.ioMode, fixture.directCurve,     fixture.onboardCurve, fixture.allowRgbPassThrough,
-            false,           false,          fixture.channels.size(), m_channels.size(),    0};
+        PatchedFixture patched = {fixture.profile,
+                                  fixture.ioMode,
+                                  fixture.directCurve,
+                                  fixture.onboardCurve,
+                                  fixture.allowRgbPassThrough,
+                                  false,
+                                  false,
+                                  fixture.channels.size(),
+                                  m_channels.size(),
+                                  0,
+                                  -1};
         for (const ChannelSlots& channel : fixture.channels) {
             const bool wide = channel.fineSlot != 0;
             QString refusal = owners.claim(base + channel.slot, fixture.universe, i + 1);
@@ -123,10 +131,26 @@ QString FramePatch::build(const QVector<Fixture>& fixtures)
             m_channels.push_back({base + channel.slot, wide ? base + channel.fineSlot : -1});
             (wide ? patched.has16Bit : patched.has8Bit) = true;
         }
+        patched.runSlot = runSlotOf(patched);
         m_fixtures.push_back(patched);
     }
     orderByKind();
     return {};
+}
+
+int FramePatch::runSlotOf(const PatchedFixture& fixture) const
+{
+    if (fixture.channelCount == 0 || fixture.has8Bit == fixture.has16Bit)
+        return -1;
+    const Channel* const channels = channelsOf(fixture);
+    const int width = fixture.has16Bit ? 2 : 1;
+    const int first = channels[0].coarse;
+    for (int k = 0; k < fixture.channelCount; ++k) {
+        const int slot = first + k * width;
+        if (channels[k].coarse != slot || (width == 2 && channels[k].fine != slot + 1))
+            return -1;
+    }
+    return first;
 }
 
 void FramePatch::orderByKind()

@@ -19,7 +19,8 @@ struct PatchedFixture
     bool has16Bit;
     int channelCount;
     size_t firstChannel;
-    int kind; ///< Of fixtures of one kind the same colour gives the same bytes.
+    int kind;    ///< Of fixtures of one kind the same colour gives the same bytes.
+    int runSlot; ///< Of channels of one width whose slots are in a row the first slot, else -1.
 
     bool rendersLike(const PatchedFixture& other) const;
 };
@@ -51,6 +52,7 @@ public:
     static int outputChannelCount(ColorUtils::TonematchProfileID profile, int ioMode);
 
 private:
+    int runSlotOf(const PatchedFixture& fixture) const;
     void orderByKind();
 
     std::vector<PatchedFixture> m_fixtures;

@@ -90,6 +90,13 @@ private:
     void write(const PatchedFixture& fixture, const unsigned char* bytes8, const unsigned char* bytes16,
                unsigned char* slots) const
     {
+        if (fixture.runSlot >= 0) {
+            if (fixture.has16Bit)
+                std::copy_n(bytes16, 2 * fixture.channelCount, slots + fixture.runSlot);
+            else
+                std::copy_n(bytes8, fixture.channelCount, slots + fixture.runSlot);
+            return;
+        }
         const FramePatch::Channel* channel = m_patch.channelsOf(fixture);
         for (int k = 0; k < fixture.channelCount; ++k, ++channel) {
             if (channel->fine < 0) {

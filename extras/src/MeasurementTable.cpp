@@ -225,10 +225,32 @@ private:
         m_reading.emitters.append(emitter);
     }
 
+    /// Measurements that stand beside those that count.
+    void tellUnused(const QVector<int>& used)
+    {
+        static const QStringList known{QStringLiteral("x"),     QStringLiteral("y"),       QStringLiteral("X"),
+                                       QStringLiteral("Y"),     QStringLiteral("Z"),       QStringLiteral("XYZ_X"),
+                                       QStringLiteral("XYZ_Y"), QStringLiteral("XYZ_Z"),   QStringLiteral("XYY_X"),
+                                       QStringLiteral("XYY_Y"), QStringLiteral("XYY_CAPY")};
+        QStringList unused;
+        QStringList bands;
+        for (int i = 0; i < m_heads.size(); ++i) {
+            const Head& head = m_heads.at(i);
+            if (!used.contains(i) && (head.nm > 0.0 || known.contains(head.name)))
+                (head.nm > 0.0 ? bands : unused) << head.name;
+        }
+        if (!bands.isEmpty())
+            unused << (bands.size() > 1 ? bands.first() + QChar(0x2026) + bands.last() : bands.first());
+        if (!unused.isEmpty())
+            m_reading.remarks
+                << FixtureImport::tr("Columns that are not used: %1.").arg(unused.join(QStringLiteral(", ")));
+    }
+
     void readRows(const QVector<int>& columns, Reader reader, const QStringList& units, const Head& stated)
     {
         const int name = nameColumn();
         setUnit(units, stated);
+        tellUnused(columns);
         for (const Row& row : m_table.rows)
             add((this->*reader)(row, columns, row.at(name).text), row.at(name).place);
     }
@@ -351,8 +373,9 @@ void readCsvMeasurement(const QString& text, const QString& unit, FixtureImport:
     while (lines.next(row)) {
         if (row.size() != table.heads.size())
             throw InputFault{
-                FixtureImport::tr("The row has %1 cells, but there are %2 heads (numbers with decimal commas need "
-                                  "quotation marks, or semicolons between the cells)")
+                FixtureImport::tr(
+                    "The number of cells in the row is %1, that of heads %2 (numbers with decimal commas need "
+                    "quotation marks, or semicolons between the cells)")
                     .arg(row.size())
                     .arg(table.heads.size()),
                 row.first().place};

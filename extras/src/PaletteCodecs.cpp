@@ -4,6 +4,7 @@
 #include <QTextCodec>
 
 #include <algorithm>
+#include <utility>
 
 namespace lxcolor {
 
@@ -119,8 +120,11 @@ bool CommentReader::take(const QString& comment)
     if (comment.startsWith(kListMark)) {
         dropPending();
         const QJsonObject object = objectOf(comment, kListMark);
+        const QString name = object.value(kName).toString();
+        const QString shownName = std::exchange(m_shownListName, QString());
+        const bool isEdited = !shownName.isEmpty() && shownName != onOneLine(name);
         if (object.value(kName).isString() && object.value(kUserList).isBool())
-            m_builder.beginList(object.value(kName).toString(), object.value(kUserList).toBool());
+            m_builder.beginList(isEdited ? shownName : name, object.value(kUserList).toBool());
         else
             m_builder.remarks().add(Code::Comment);
         return true;

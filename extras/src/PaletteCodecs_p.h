@@ -62,6 +62,9 @@ class CommentReader
 public:
     explicit CommentReader(PaletteBuilder& builder) : m_builder(builder) {}
 
+    /// The name under which others see the first list that a comment begins. Where it is another than that of the
+    /// comment it was edited, and counts.
+    void setShownListName(const QString& name) { m_shownListName = name; }
     /// Whether the text of a comment is one of ours, which then counts for what follows.
     bool take(const QString& comment);
     /// A colour: its own name and numbers, as they are shown to others, unless they are those that a comment tells more
@@ -74,6 +77,7 @@ private:
     void dropPending();
 
     PaletteBuilder& m_builder;
+    QString m_shownListName;
     QJsonObject m_pending; ///< Of the comment before the next colour; empty when there is none.
 };
 

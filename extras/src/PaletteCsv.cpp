@@ -65,9 +65,10 @@ private:
     void readRow(const Row& row)
     {
         if (row.size() != m_cellCount)
-            throw InputFault{
-                PaletteFormat::tr("The row has %1 cells, but there are %2 heads").arg(row.size()).arg(m_cellCount),
-                row.first().place};
+            throw InputFault{PaletteFormat::tr("The number of cells in the row is %1, that of heads %2")
+                                 .arg(row.size())
+                                 .arg(m_cellCount),
+                             row.first().place};
         const Palette::Entry entry{textOf(row, Name), valueOf(row), textOf(row, Uid), textOf(row, Origin),
                                    textOf(row, VendorId)};
         if (m_columns[ListColumn] >= 0)

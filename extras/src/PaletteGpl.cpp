@@ -54,6 +54,7 @@ private:
         } else if (!m_hasColors && trimmed.startsWith(QLatin1String("Name:"))) {
             m_name = trimmed.mid(5).trimmed();
             m_builder.setListName(m_name);
+            m_comments.setShownListName(m_name);
         } else if (!m_hasColors && trimmed.startsWith(QLatin1String("Columns:"))) {
             m_builder.remarks().add(PaletteFormat::Code::Other); // how another program lays the colours out
         } else if (!trimmed.isEmpty()) {

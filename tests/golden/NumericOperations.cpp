@@ -93,7 +93,8 @@ void solvePrepared(Hash& hash, Random& random)
         const Emitters emitters(profile);
         const lxcolor::PreparedSolver solver(emitters.view(), emitters.count());
         for (int i = 0; i < 5000; ++i) {
-            const lxcolor::LevelSet levels = solver.solve(anyChromaticity(random));
+            lxcolor::LevelSet levels;
+            solver.solve({1.0, anyChromaticity(random)}, levels.level);
             for (const double level : levels.level)
                 hash.add(level);
         }

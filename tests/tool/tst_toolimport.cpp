@@ -41,6 +41,9 @@ private Q_SLOTS:
         const Outcome replaced = run({"import", table, "--profile", "7", "-o", out, "--replace"});
         QVERIFY2(replaced.status == 0 && replaced.out.contains("has new data of 7"), qPrintable(replaced.out));
         QCOMPARE(contentOf(out).count("<Profile "), 2);
+        const Outcome streamed = run({"import", "-", "--profile", "7", "-o", "-"}, kTable);
+        QVERIFY2(both.contains(streamed.out.section("-->", 1).section("</Profile>", 0, 0).toUtf8()),
+                 qPrintable(streamed.out));
     }
 
     void archive()
@@ -80,6 +83,7 @@ private Q_SLOTS:
         verifyRefused(run({"import", table, "--profile", "4", "-o", out}), {"Single Channel"});
         verifyRefused(run({"import", table, "--profile", "7", "-o", out, "--unit", "W"}), {"bench.csv:1:1: ", "\"W\""});
         verifyRefused(run({"import", table, "--profile", "7"}), {"--output"});
+        verifyRefused(run({"import", table, "--profile", "7", "-o", "-", "--json"}), {"--json", "OUT"});
         verifyRefused(run({"import", table, "-o", out}), {"--profile"});
         verifyRefused(run({"import", "--profile", "7", "-o", out}), {"one file"});
         verifyRefused(run({"import", folder.path("none.csv"), "--profile", "7", "-o", out}), {"none.csv"});

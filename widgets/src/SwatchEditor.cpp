@@ -87,13 +87,44 @@ void SwatchEditor::removeEntries(const QModelIndexList& entries)
 
 void SwatchEditor::removeList(const QModelIndex& list)
 {
+    m_undoStack.push(new ListCommand(m_library, SwatchesCommand::Removal, placed(list)));
+}
+
+PlacedList SwatchEditor::placed(const QModelIndex& list) const
+{
     PlacedList placed{nameOf(list), list.row(), {}};
     for (int row = 0; row < m_library->rowCount(list); ++row) {
         const Swatch swatch = swatchOf(m_library->index(row, 0, list));
         if (!swatch.uid.isEmpty())
             placed.swatches.append(swatch);
     }
-    m_undoStack.push(new ListCommand(m_library, SwatchesCommand::Removal, placed));
+    return placed;
+}
+
+// ---- The order of lists ----
+
+int SwatchEditor::rowBeside(const QModelIndex& list, int by) const
+{
+    if (!m_library || !m_library->isListIndex(list) || !canRemove(list))
+        return -1;
+    int row = list.row() + by;
+    while (list.sibling(row, 0).isValid() && !canRemove(list.sibling(row, 0)))
+        row += by;
+    return list.sibling(row, 0).isValid() ? row : -1;
+}
+
+QString SwatchEditor::moveList(const QModelIndex& list, int by)
+{
+    const int row = rowBeside(list, by);
+    if (row < 0)
+        return {};
+    PlacedList moved = placed(list);
+    m_undoStack.beginMacro(tr("Move list"));
+    removeList(list);
+    moved.row = row;
+    m_undoStack.push(new ListCommand(m_library, SwatchesCommand::Insertion, moved));
+    m_undoStack.endMacro();
+    return moved.name;
 }
 
 // ---- Names and colours ----

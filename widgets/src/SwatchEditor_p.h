@@ -35,6 +35,10 @@ public:
     bool rename(const QModelIndex& index, const QString& name);
     /// A user list under a free name. \return the name.
     QString addList(const QString& name);
+    /// The row of the user list before (\a by -1) or behind (1) another one; -1 where there is none.
+    int rowBeside(const QModelIndex& list, int by) const;
+    /// Moves a user list to the place of the one beside it. \return its name; empty where there is none.
+    QString moveList(const QModelIndex& list, int by);
     /// Colours before \a row (-1: at the end); those without a name get that of their value. \return their uids.
     QStringList insert(const QModelIndex& list, int row, QVector<Swatch> swatches, const QString& stepName);
     /// Another colour for an entry.
@@ -54,6 +58,7 @@ private:
     void push(QUndoCommand* command, const QString& stepName);
     void removeEntries(const QModelIndexList& entries);
     void removeList(const QModelIndex& list);
+    PlacedList placed(const QModelIndex& list) const;
     QStringList moveEntries(const Entries& entries, const QModelIndex& list, int row);
 
     QPointer<LXColorLibrary> m_library;

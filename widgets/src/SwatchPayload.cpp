@@ -82,7 +82,8 @@ QVector<Swatch> swatchesOfDocument(const QString& text)
 {
     QVector<Swatch> swatches;
     QDomDocument document;
-    if (!isDocument(text) || !isWellFormed(text) || !document.setContent(text))
+    QXmlStreamReader reader(text); // without one, references keep 16 bits of a character
+    if (!isDocument(text) || !isWellFormed(text) || !document.setContent(&reader, false))
         return swatches;
     OrbisProjectHelper helper;
     QObject::connect(&helper, &OrbisProjectHelper::insertColor,

@@ -50,6 +50,9 @@ public:
     void addList();
     void rename() { tree->edit(tree->currentIndex()); }
     void remove();
+    void moveList(int by);
+    void moveListUp() { moveList(-1); }
+    void moveListDown() { moveList(1); }
     void copy();
     void paste();
     void focusSearch() { q->find(); }
@@ -127,6 +130,10 @@ void SwatchView::Private::buildActions()
     addAction(Action::Copy, SwatchView::tr("&Copy"), QKeySequence(QKeySequence::Copy), &Private::copy);
     addAction(Action::Paste, SwatchView::tr("&Paste"), QKeySequence(QKeySequence::Paste), &Private::paste);
     addAction(Action::Find, SwatchView::tr("&Find"), QKeySequence(QKeySequence::Find), &Private::focusSearch);
+    addAction(Action::MoveListUp, SwatchView::tr("Move List &Up"), QKeySequence(QStringLiteral("Alt+Up")),
+              &Private::moveListUp);
+    addAction(Action::MoveListDown, SwatchView::tr("Move List &Down"), QKeySequence(QStringLiteral("Alt+Down")),
+              &Private::moveListDown);
     const auto addUndoAction = [this](Action key, QAction* action, const QList<QKeySequence>& shortcuts) {
         action->setShortcuts(shortcuts);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -209,6 +216,8 @@ void SwatchView::Private::updateActions()
     actions[Action::NewList]->setEnabled(editor.library());
     actions[Action::Rename]->setEnabled(canRename);
     actions[Action::Delete]->setEnabled(canRemove);
+    actions[Action::MoveListUp]->setEnabled(editor.rowBeside(current(), -1) >= 0);
+    actions[Action::MoveListDown]->setEnabled(editor.rowBeside(current(), 1) >= 0);
     actions[Action::Copy]->setEnabled(hasColor);
     actions[Action::Paste]->setEnabled(editableList().isValid());
 }
@@ -289,6 +298,13 @@ void SwatchView::Private::remove()
     updateActions();
 }
 
+void SwatchView::Private::moveList(int by)
+{
+    const QString name = editor.moveList(current(), by);
+    if (!name.isEmpty())
+        setShown(shown.fromLibrary(editor.library()->getIndexOfListId(name)));
+}
+
 void SwatchView::Private::copy()
 {
     if (QMimeData* data = shown.mimeData(tree->selectionModel()->selectedRows()))
@@ -311,7 +327,8 @@ void SwatchView::Private::paste()
 void SwatchView::Private::showMenu(const QPoint& position)
 {
     QMenu menu(q);
-    for (const Action key : {Action::NewList, Action::Rename, Action::Copy, Action::Paste, Action::Delete})
+    for (const Action key : {Action::NewList, Action::Rename, Action::Copy, Action::Paste, Action::Delete,
+                             Action::MoveListUp, Action::MoveListDown})
         menu.addAction(actions.value(key));
     menu.exec(tree->viewport()->mapToGlobal(position));
 }

@@ -26,8 +26,11 @@ class QUndoStack;
  * all of these; text may also be a document with colour lists. Within the library a drag moves colours, with Control it
  * copies them.
  *
- * Keys: arrows, Enter (activates), F2 (renames), Delete, Ctrl+F (searches), Ctrl+C, Ctrl+V, Ctrl+Z, Ctrl+Shift+Z; from
- * the search field Down and Enter lead to the first colour found, and Escape ends the search.
+ * User lists can be put into another order among themselves.
+ *
+ * Keys: arrows, Enter (activates), F2 (renames), Delete, Alt+Up and Alt+Down (move a list), Ctrl+F (searches), Ctrl+C,
+ * Ctrl+V, Ctrl+Z, Ctrl+Shift+Z; from the search field Down and Enter lead to the first colour found, and Escape ends
+ * the search.
  *
  * The view may outlive the library, and is empty then.
  */
@@ -37,7 +40,7 @@ class LXCOLOR_WIDGETS_EXPORT SwatchView : public QWidget
 
 public:
     /// What the user can do. The actions belong to the view and know when they are possible.
-    enum class Action { NewList, Rename, Delete, Copy, Paste, Find, Undo, Redo };
+    enum class Action { NewList, Rename, Delete, Copy, Paste, Find, Undo, Redo, MoveListUp, MoveListDown };
 
     /// A view on LXColorLibrary::Instance().
     explicit SwatchView(QWidget* parent = nullptr);

@@ -294,24 +294,12 @@
         <translation>%1 ist %2, aber es gibt %3</translation>
     </message>
     <message>
-        <source>%1 channels are stated, but the fixture has %2: %3</source>
-        <translation>%1 Kanäle sind angegeben, aber der Scheinwerfer hat %2: %3</translation>
-    </message>
-    <message>
         <source>There is no emitter &quot;%1&quot;; there are: %2</source>
         <translation>Es gibt keinen Emitter &quot;%1&quot;; es gibt: %2</translation>
     </message>
     <message>
         <source>The emitter &quot;%1&quot; is stated twice</source>
         <translation>Der Emitter &quot;%1&quot; ist zweimal angegeben</translation>
-    </message>
-    <message>
-        <source>Several emitters may be %1: %2; state the channels</source>
-        <translation>Mehrere Emitter können %1 sein: %2; geben Sie die Kanäle an</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; cannot be %2: its chromaticity is %3, %4. If that is right, state the channels</source>
-        <translation>&quot;%1&quot; kann nicht %2 sein: der Farbort ist %3, %4. Wenn das stimmt, geben Sie die Kanäle an</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is taken for %2 by its colour.</source>
@@ -530,12 +518,28 @@
         <translation>Die Datei ist leer</translation>
     </message>
     <message>
-        <source>The row has %1 cells, but there are %2 heads (numbers with decimal commas need quotation marks, or semicolons between the cells)</source>
-        <translation>Die Zeile hat %1 Zellen, aber es gibt %2 Spaltenköpfe (Zahlen mit Dezimalkomma brauchen Anführungszeichen, oder Semikolons zwischen den Zellen)</translation>
-    </message>
-    <message>
         <source>X, Y and Z have to be from %1 to %2</source>
         <translation>X, Y und Z müssen von %1 bis %2 reichen</translation>
+    </message>
+    <message>
+        <source>The number of channels stated is %1, that of the fixture %2: %3</source>
+        <translation>Die Zahl der angegebenen Kanäle ist %1, die des Scheinwerfers %2: %3</translation>
+    </message>
+    <message>
+        <source>Several emitters may be %1: %2</source>
+        <translation>Mehrere Emitter können %1 sein: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be %2: its chromaticity is %3, %4</source>
+        <translation>&quot;%1&quot; kann nicht %2 sein: Der Farbort ist %3, %4</translation>
+    </message>
+    <message>
+        <source>Columns that are not used: %1.</source>
+        <translation>Nicht verwendete Spalten: %1.</translation>
+    </message>
+    <message>
+        <source>The number of cells in the row is %1, that of heads %2 (numbers with decimal commas need quotation marks, or semicolons between the cells)</source>
+        <translation>Die Zahl der Zellen in der Zeile ist %1, die der Spaltenköpfe %2 (Zahlen mit Dezimalkomma brauchen Anführungszeichen, oder Semikolons zwischen den Zellen)</translation>
     </message>
 </context>
 <context>
@@ -761,6 +765,14 @@
         <source>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Colours for LED fixtures: keep them, pick white light, and see what a fixture makes of them.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;%1 %2&lt;/h3&gt;&lt;p&gt;Farben für LED-Scheinwerfer: verwalten, Weißlicht wählen und sehen, was ein Scheinwerfer daraus macht.&lt;/p&gt;</translation>
     </message>
+    <message>
+        <source>Project documents and palettes (%1);;All files (*)</source>
+        <translation>Projektdateien und Paletten (%1);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Another program has changed “%1” since it was opened. Do you want to replace it?</source>
+        <translation>Ein anderes Programm hat „%1“ geändert, seit die Datei geöffnet wurde. Möchten Sie sie ersetzen?</translation>
+    </message>
 </context>
 <context>
     <name>MatchReport</name>
@@ -954,10 +966,6 @@
     <message>
         <source>The line of heads has neither &quot;value&quot; nor &quot;red&quot;, &quot;green&quot; and &quot;blue&quot;</source>
         <translation>Die Kopfzeile hat weder &quot;value&quot; noch &quot;red&quot;, &quot;green&quot; und &quot;blue&quot;</translation>
-    </message>
-    <message>
-        <source>The row has %1 cells, but there are %2 heads</source>
-        <translation>Die Zeile hat %1 Zellen, aber es gibt %2 Spaltenköpfe</translation>
     </message>
     <message>
         <source>A number from 0 to 255 is expected</source>
@@ -1159,13 +1167,13 @@
         <source>The text is not UTF-8, and is read as Windows-1252.</source>
         <translation>Der Text ist nicht UTF-8 und wird als Windows-1252 gelesen.</translation>
     </message>
+    <message>
+        <source>The number of cells in the row is %1, that of heads %2</source>
+        <translation>Die Zahl der Zellen in der Zeile ist %1, die der Spaltenköpfe %2</translation>
+    </message>
 </context>
 <context>
     <name>ProjectDocument</name>
-    <message>
-        <source>elements are nested too deeply</source>
-        <translation>die Elemente sind zu tief verschachtelt</translation>
-    </message>
     <message>
         <source>declarations of a document type are not supported</source>
         <translation>Deklarationen eines Dokumenttyps werden nicht unterstützt</translation>
@@ -1181,10 +1189,6 @@
     <message>
         <source>“%1” cannot be read: %2.</source>
         <translation>„%1“ kann nicht gelesen werden: %2.</translation>
-    </message>
-    <message>
-        <source>it is not well-formed</source>
-        <translation>sie ist nicht wohlgeformt</translation>
     </message>
     <message>
         <source>“%1” is not a project document: %2.</source>
@@ -1412,6 +1416,14 @@
         <source>Add swatch</source>
         <translation>Farbfeld hinzufügen</translation>
     </message>
+    <message>
+        <source>Move List &amp;Up</source>
+        <translation>Liste nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move List &amp;Down</source>
+        <translation>Liste nach &amp;unten</translation>
+    </message>
 </context>
 <context>
     <name>WhitePointPicker</name>
@@ -1493,6 +1505,10 @@
     <message>
         <source>Change colour</source>
         <translation>Farbe ändern</translation>
+    </message>
+    <message>
+        <source>Move list</source>
+        <translation>Liste verschieben</translation>
     </message>
 </context>
 </TS>
