@@ -45,9 +45,7 @@ WhiteLight fromColor(const GivenColor& given)
     if (!CCTUtils::getCCTAndTintFromxy(chromaticity.x, chromaticity.y, light.kelvin, light.tint))
         throw CommandError(
             QStringLiteral("%1 has no CCT: x %2, y %3 is beyond x 0 to 0.8, y 0 to 0.9 or u', v' 0 to 0.6")
-                .arg(quoted(given.shown()))
-                .arg(chromaticity.x)
-                .arg(chromaticity.y));
+                .arg(quoted(given.shown()), QString::number(chromaticity.x), QString::number(chromaticity.y)));
     light.step = light.kelvin;
     return light;
 }

@@ -35,7 +35,9 @@ CheckedFile check(const QString& name)
 QString place(const CheckedFile& file, const DocumentChecker::Finding& finding)
 {
     const QString name = printable(file.name);
-    return finding.line > 0 ? QStringLiteral("%1:%2:%3").arg(name).arg(finding.line).arg(finding.column) : name;
+    return finding.line > 0
+               ? QStringLiteral("%1:%2:%3").arg(name, QString::number(finding.line), QString::number(finding.column))
+               : name;
 }
 
 void writeText(const CheckedFile& file)

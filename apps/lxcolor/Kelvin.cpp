@@ -19,10 +19,9 @@ int kelvinOf(const QString& text)
     const int cct = (isKelvin(text) ? text.chopped(1) : text).toInt(&isNumber);
     if (isNumber && CCTUtils::isValidCCT(cct))
         return cct;
-    throw CommandError(QStringLiteral("%1 is not a CCT; accepted: whole numbers of kelvin from %2 to %3")
-                           .arg(quoted(text))
-                           .arg(CCTUtils::getMinCCT())
-                           .arg(CCTUtils::getMaxCCT()));
+    throw CommandError(
+        QStringLiteral("%1 is not a CCT; accepted: whole numbers of kelvin from %2 to %3")
+            .arg(quoted(text), QString::number(CCTUtils::getMinCCT()), QString::number(CCTUtils::getMaxCCT())));
 }
 
 int gridKelvin(int cct)

@@ -45,9 +45,7 @@ QSize sizeOf(const QString& text)
     if (std::min(size.width(), size.height()) >= kLeastSide && std::max(size.width(), size.height()) <= kGreatestSide)
         return size;
     throw CommandError(QStringLiteral("--size cannot be %1; accepted: WIDTHxHEIGHT, each from %2 to %3 pixels")
-                           .arg(quoted(text))
-                           .arg(kLeastSide)
-                           .arg(kGreatestSide));
+                           .arg(quoted(text), QString::number(kLeastSide), QString::number(kGreatestSide)));
 }
 
 QRectF rangeOf(const QString& text)
@@ -76,11 +74,10 @@ GivenColor whiteOf(const QString& text)
     bool isNumber = true;
     const int tint = comma < 0 ? 0 : text.mid(comma + 1).toInt(&isNumber);
     if (!isNumber || tint < CCTUtils::getMinTint() || tint > CCTUtils::getMaxTint())
-        throw CommandError(QStringLiteral("%1 is no white point; accepted: KELVIN or KELVIN,TINT with a tint from "
-                                          "%2 to %3")
-                               .arg(quoted(text))
-                               .arg(CCTUtils::getMinTint())
-                               .arg(CCTUtils::getMaxTint()));
+        throw CommandError(
+            QStringLiteral("%1 is no white point; accepted: KELVIN or KELVIN,TINT with a tint from "
+                           "%2 to %3")
+                .arg(quoted(text), QString::number(CCTUtils::getMinTint()), QString::number(CCTUtils::getMaxTint())));
     double x = 0.0;
     double y = 0.0;
     CCTUtils::getxyFromCCTAndTint(kelvin, tint, x, y);

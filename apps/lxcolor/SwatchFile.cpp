@@ -16,8 +16,8 @@ constexpr qint64 kLargestFile = 128 * 1024 * 1024; // bytes, as the library has 
 
 CommandError fault(const QString& fileName, qint64 line, qint64 column, const QString& what)
 {
-    return CommandError(
-        QStringLiteral("%1:%2:%3: %4").arg(printable(fileName)).arg(line).arg(column).arg(printable(what)));
+    return CommandError(QStringLiteral("%1:%2:%3: %4")
+                            .arg(printable(fileName), QString::number(line), QString::number(column), printable(what)));
 }
 
 /// Reads through the text once without keeping anything, so that what follows meets well-formed XML of a sane depth.
