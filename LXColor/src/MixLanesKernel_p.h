@@ -19,9 +19,18 @@ using SingleLanes = float __attribute__((vector_size(kWidth * sizeof(float))));
 template <>
 inline void roundToSingle(Lanes& lanes)
 {
+#if defined(__i386__) && !defined(__AVX2__)
+    // One by one: for two single values there is no register that g++ could keep them in.
+    for (int i = 0; i < kWidth; ++i) {
+        double lane = lanes[i];
+        roundToSingle(lane);
+        lanes[i] = lane;
+    }
+#else
     SingleLanes single = __builtin_convertvector(lanes, SingleLanes);
     LXCOLOR_KEEP_ROUNDED(single);
     lanes = __builtin_convertvector(single, Lanes);
+#endif
 }
 
 /// Lanes as they may lie over an array of doubles.
