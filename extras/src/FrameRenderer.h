@@ -16,7 +16,10 @@ class LXColor;
  * Turns a colour for each fixture of a patch into the DMX slots of all universes, a frame at a time.
  *
  * Each fixture gets exactly the bytes that ColorUtils::updateBuffer() gives for it. The patch is checked and prepared
- * once; after that render() does not allocate. Slots that belong to no fixture are 0.
+ * once. After that render() allocates what a fixture model or a curve needs when it is used for the first time: of a
+ * model that is matched, each part of the gamut by itself. Beside that only handing parts to further threads, and
+ * colours with more than five levels for fixtures with more than five channels, make it allocate. Slots that belong to
+ * no fixture are 0.
  *
  * One object is used by one thread at a time; it can spread a frame over threads of its own.
  */
