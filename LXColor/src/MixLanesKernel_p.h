@@ -41,7 +41,14 @@ static inline const StoredLanes* lanesOf(const MixTerms& row) { return reinterpr
 /// Four numbers of each row, which begin at \a group: the first of all rows, the second, ...
 static inline void readGroup(const MixTerms* const* rows, int group, Lanes* turned)
 {
-#ifdef __AVX2__
+#ifndef __has_builtin
+#    define __has_builtin(name) 0
+#endif
+#if !__has_builtin(__builtin_shufflevector)
+    for (int i = 0; i < 4; ++i)
+        for (int row = 0; row < kWidth; ++row)
+            turned[i][row] = lanesOf(*rows[row])[(4 * group + i) / kWidth][(4 * group + i) % kWidth];
+#elif defined(__AVX2__)
     const Lanes r[4] = {lanesOf(*rows[0])[group], lanesOf(*rows[1])[group], lanesOf(*rows[2])[group],
                         lanesOf(*rows[3])[group]};
     const Lanes even01 = __builtin_shufflevector(r[0], r[1], 0, 4, 2, 6);
