@@ -7,7 +7,23 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <new>
 #include <random>
+
+// Counts what is taken of the heap.
+static std::atomic<int> s_allocations{0};
+
+void* operator new(std::size_t size)
+{
+    ++s_allocations;
+    if (void* memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 using Fixture = FrameRenderer::Fixture;
 
@@ -109,6 +125,28 @@ private Q_SLOTS:
                 QCOMPARE(QByteArray(got, FrameRenderer::kSlotsPerUniverse).toHex(), expected.toHex());
             }
         }
+    }
+
+    // Once each model and curve has been used.
+    void allocatesNothing()
+    {
+        Random random(6);
+        QVector<Fixture> fixtures = anyPatch(random);
+        fixtures.erase(std::remove_if(fixtures.begin(), fixtures.end(), overlaps), fixtures.end());
+        FrameRenderer renderer;
+        QVERIFY(renderer.setPatch(fixtures, nullptr));
+        renderer.setThreadCount(3);
+        int allocations = 0;
+        for (int frame = 0; frame < 400; ++frame) {
+            QVector<LXColor> colors;
+            for (int i = 0; i < fixtures.size(); ++i)
+                colors.append(anyColor(random));
+            const int before = s_allocations;
+            renderer.render(colors);
+            if (frame >= 300)
+                allocations += s_allocations - before;
+        }
+        QCOMPARE(allocations, 0);
     }
 
     void fixturesWithoutAColourKeepTheirs()

@@ -239,6 +239,9 @@ class Q_DECL_HIDDEN ColorUtils::OutputBlock
 public:
     static constexpr int kMostColors = 32;
 
+    /// How many colours with \a count channels each are taken together: as many as need no memory of the heap.
+    static int colorsAtOnce(int count) { return std::min(kMostColors, std::max(1, kMostLevels / count)); }
+
     OutputBlock(const LXColor* const* colors, int colorCount, int count) : m_colors(colors), m_colorCount(colorCount)
     {
         // Channels beyond those that the colours or the solver can fill stay dark.
@@ -280,6 +283,8 @@ public:
     }
 
 private:
+    static constexpr int kMostLevels = kMostColors * lxcolor::kMaxEmitters;
+
     /// Those that are solved, or the others.
     void write(bool solved, const DriveCurve& curve, int count, int resolution, unsigned char* out)
     {
@@ -316,7 +321,7 @@ private:
     const LXColor* const* m_colors;
     int m_colorCount;
     int m_used;
-    QVarLengthArray<double, kMostColors * lxcolor::kMaxEmitters> m_levels; ///< m_used of each colour.
+    QVarLengthArray<double, kMostLevels> m_levels; ///< m_used of each colour.
     bool m_isSolved[kMostColors];
     int m_solvedCount = 0;
     int m_matchedCount = 0;
@@ -332,7 +337,7 @@ void ColorUtils::convertLXColorsToDMX(const LXColor* const* colors, int colorCou
         return;
     const auto stride = static_cast<size_t>(count) * static_cast<size_t>(resolution);
     while (colorCount > 0) {
-        const int blockCount = std::min(colorCount, OutputBlock::kMostColors);
+        const int blockCount = std::min(colorCount, OutputBlock::colorsAtOnce(count));
         const auto size = static_cast<size_t>(blockCount) * stride;
         std::fill_n(out, size, static_cast<unsigned char>(0));
         OutputBlock block(colors, blockCount, count);

@@ -2,10 +2,11 @@
 #include "MixBounds_p.h"
 #include "PreparedSolver_p.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <vector>
 
 namespace lxcolor {
 
@@ -94,12 +95,12 @@ MixShortlist PreparedSolver::shortlistOf(int cellNumber) const
     const MixBounder bounder(emitters, m_count, box);
 
     const std::vector<Mix>& mixes = mixesOf(m_count);
-    std::vector<MixBounds> bounds;
+    QVarLengthArray<MixBounds, 70> bounds; // all mixes of five emitters
     double certainLuminance = 0.0;
     for (const Mix& mix : mixes) {
-        bounds.push_back(bounder.boundsOf(mix));
-        if (bounds.back().alwaysValid)
-            certainLuminance = std::max(certainLuminance, bounds.back().lowestLuminance);
+        bounds.append(bounder.boundsOf(mix));
+        if (bounds.last().alwaysValid)
+            certainLuminance = std::max(certainLuminance, bounds.last().lowestLuminance);
     }
 
     const auto isOutshone = [&bounds](const MixBounds& mix) {
@@ -109,7 +110,7 @@ MixShortlist PreparedSolver::shortlistOf(int cellNumber) const
 
     MixShortlist shortlist;
     for (size_t number = 0; number < mixes.size(); ++number) {
-        const MixBounds& mix = bounds[number];
+        const MixBounds& mix = bounds[static_cast<int>(number)];
         if (!mix.neverValid && !(mix.highestLuminance < certainLuminance) && !isOutshone(mix))
             shortlist.append(static_cast<int>(number));
     }

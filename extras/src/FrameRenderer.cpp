@@ -3,11 +3,12 @@
 #include "FramePatch_p.h"
 #include "LXColor.h"
 
-#include <QRunnable>
-#include <QSemaphore>
-#include <QThreadPool>
-
 #include <algorithm>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <system_error>
+#include <thread>
 #include <vector>
 
 using lxcolor::FramePatch;
@@ -138,39 +139,72 @@ void renderRange(const FramePatch& patch, const LXColor* colors, int count, int 
 class FrameRenderer::Private
 {
 public:
-    /// One part of a frame, on a thread of the pool.
-    class Part : public QRunnable
+    /// A part of the fixtures in the order of rendering.
+    struct Part
     {
-    public:
-        explicit Part(Private& renderer) : m_renderer(renderer) { setAutoDelete(false); }
-        void set(const LXColor* colors, int count, int begin, int end)
-        {
-            m_colors = colors;
-            m_count = count;
-            m_begin = begin;
-            m_end = end;
-        }
-        void run() override
-        {
-            renderRange(m_renderer.patch, m_colors, m_count, m_begin, m_end, m_renderer.slots.data());
-            m_renderer.finished.release();
-        }
-
-    private:
-        Private& m_renderer;
-        const LXColor* m_colors = nullptr;
-        int m_count = 0;
-        int m_begin = 0;
-        int m_end = 0;
+        const LXColor* colors;
+        int count;
+        int begin;
+        int end;
     };
 
-    Private() { pool.setExpiryTimeout(-1); } // the threads stay between frames
+    /// A thread that renders a part of each frame and waits in between.
+    class Worker
+    {
+    public:
+        explicit Worker(Private& renderer) : m_renderer(renderer), m_thread(&Worker::run, this) {}
+        ~Worker()
+        {
+            changeTo(State::Leaving);
+            m_thread.join();
+        }
+        Worker(const Worker&) = delete;
+        Worker& operator=(const Worker&) = delete;
+
+        void begin(const Part& part)
+        {
+            m_part = part;
+            changeTo(State::Rendering);
+        }
+        void waitForEnd() { waitWhile(State::Rendering); }
+
+    private:
+        enum class State { Waiting, Rendering, Leaving };
+
+        void run()
+        {
+            while (waitWhile(State::Waiting) == State::Rendering) {
+                m_renderer.render(m_part);
+                changeTo(State::Waiting);
+            }
+        }
+
+        void changeTo(State state)
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_state = state;
+            m_changed.notify_one(); // of the two sides one changes the state while the other waits
+        }
+        State waitWhile(State state)
+        {
+            std::unique_lock<std::mutex> lock(m_mutex);
+            m_changed.wait(lock, [&] { return m_state != state; });
+            return m_state;
+        }
+
+        Private& m_renderer;
+        Part m_part = {};
+        std::mutex m_mutex;
+        std::condition_variable m_changed;
+        State m_state = State::Waiting; ///< Guarded by the mutex.
+        std::thread m_thread;           // last: it uses the others
+    };
+
+    void render(const Part& part) { renderRange(patch, part.colors, part.count, part.begin, part.end, slots.data()); }
 
     FramePatch patch;
     std::vector<unsigned char> slots;
-    QThreadPool pool;
-    QSemaphore finished;
-    std::vector<std::unique_ptr<Part>> parts; ///< Those beside the caller's own.
+    std::vector<std::unique_ptr<Worker>> workers; ///< Those beside the caller's own thread; they leave first.
 };
 
 FrameRenderer::Fixture FrameRenderer::Fixture::contiguous(ColorUtils::TonematchProfileID profile, int ioMode,
@@ -210,14 +244,16 @@ bool FrameRenderer::setPatch(const QVector<Fixture>& fixtures, QString* error)
 
 void FrameRenderer::setThreadCount(int count)
 {
-    const int others = std::min(std::max(count, 1), kMostThreads) - 1;
-    d->pool.setMaxThreadCount(std::max(others, 1));
-    d->parts.clear();
-    for (int i = 0; i < others; ++i)
-        d->parts.push_back(std::make_unique<Private::Part>(*d));
+    d->workers.clear();
+    try {
+        for (int others = std::min(std::max(count, 1), kMostThreads) - 1; others > 0; --others)
+            d->workers.push_back(std::make_unique<Private::Worker>(*d));
+    } catch (const std::system_error&) {
+        // The system gives no more; those that there are do.
+    }
 }
 
-int FrameRenderer::threadCount() const { return static_cast<int>(d->parts.size()) + 1; }
+int FrameRenderer::threadCount() const { return static_cast<int>(d->workers.size()) + 1; }
 
 int FrameRenderer::fixtureCount() const { return d->patch.fixtureCount(); }
 
@@ -231,13 +267,11 @@ void FrameRenderer::render(const LXColor* colors, int count)
     // Fixtures share no slot, so parts of a frame write to different bytes.
     const int parts = std::min(threadCount(), count);
     const auto beginOf = [&](int part) { return static_cast<int>(static_cast<qint64>(fixtureCount()) * part / parts); };
-    for (int part = 1; part < parts; ++part) {
-        Private::Part& other = *d->parts[static_cast<size_t>(part) - 1];
-        other.set(colors, count, beginOf(part), beginOf(part + 1));
-        d->pool.start(&other);
-    }
-    renderRange(d->patch, colors, count, 0, beginOf(1), d->slots.data());
-    d->finished.acquire(parts - 1);
+    for (int part = 1; part < parts; ++part)
+        d->workers[static_cast<size_t>(part) - 1]->begin({colors, count, beginOf(part), beginOf(part + 1)});
+    d->render({colors, count, 0, beginOf(1)});
+    for (int part = 1; part < parts; ++part)
+        d->workers[static_cast<size_t>(part) - 1]->waitForEnd();
 }
 
 void FrameRenderer::render(const QVector<LXColor>& colors) { render(colors.constData(), colors.size()); }

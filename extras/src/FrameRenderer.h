@@ -16,10 +16,9 @@ class LXColor;
  * Turns a colour for each fixture of a patch into the DMX slots of all universes, a frame at a time.
  *
  * Each fixture gets exactly the bytes that ColorUtils::updateBuffer() gives for it. The patch is checked and prepared
- * once. After that render() allocates what a fixture model or a curve needs when it is used for the first time: of a
- * model that is matched, each part of the gamut by itself. Beside that only handing parts to further threads, and
- * colours with more than five levels for fixtures with more than five channels, make it allocate. Slots that belong to
- * no fixture are 0.
+ * once. After that render() allocates only what a fixture model or a curve needs for good when it is used for the first
+ * time in the process; the first frames also take longer, because each part of a model's gamut is worked out when a
+ * colour first falls into it. Slots that belong to no fixture are 0.
  *
  * One object is used by one thread at a time; it can spread a frame over threads of its own.
  */
@@ -70,7 +69,8 @@ public:
      */
     bool setPatch(const QVector<Fixture>& fixtures, QString* error);
 
-    /// How many threads a frame is spread over, the caller's included: 1 (the default) to 256, bounded.
+    /// How many threads a frame is spread over, the caller's included: 1 (the default) to 256, bounded; fewer where the
+    /// system gives no more. They wait between frames.
     void setThreadCount(int count);
     /// How many threads a frame is spread over, 1..256.
     int threadCount() const;
