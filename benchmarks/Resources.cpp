@@ -97,9 +97,11 @@ void addSwatches(int count)
 
 void printMemory()
 {
-    std::puts("## Memory\n\nOf the heap, by what is first used, in this order. What is made for a process is made "
-              "once, whatever the number of\n"
-              "colours, threads and fixtures of that model.\n");
+    std::puts(
+        "## Memory\n\nOf the heap, by what is first used, in this order. What is made for a process is made "
+        "once, whatever the number of\n"
+        "colours, threads and fixtures of that model; a model whose emitters change is prepared again, up to four "
+        "times.\n");
     // Qt's own first-time allocations are not the library's.
     QString::number(1.5).toDouble();
     const FirstUse uses[] = {

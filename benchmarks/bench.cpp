@@ -112,7 +112,13 @@ const char* const kGrowth = R"(### How cost grows
 Calls do not depend on what else is there. A fixture costs the same in a frame of one universe and of ten thousand, and a swatch the same in
 a library of a thousand and of a hundred thousand, but for what the caches of the processor no longer hold: "growth" above is
 the time of a part over that of the smallest size. Random look-ups show that most, here as in the hash alone. Matching grows with
-the emitters, from three to five, by the mixes that can be the brightest near a chromaticity, not by all 70 of them.
+the emitters, from three to five, by the mixes that can be the brightest near a chromaticity, not by all 70 of them. Where the processor
+has AVX2, four of them are worked out side by side, else two, with which frames of matched colours take about a fifth longer; set
+`LXCOLOR_NO_AVX2` in the environment to see it here.
+
+A universe holds 51 fixtures of five 16-bit channels, so at 44 frames a second one core carries 446,000 universes divided by the
+nanoseconds that such a fixture takes above: with 45 ns, 9,900. The first frames of a process take longer (a millisecond for 20
+universes), because each part of a model's gamut is worked out when a colour first falls into it.
 )";
 
 /// The processor's name, as Linux tells it.
