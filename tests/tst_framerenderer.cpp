@@ -137,13 +137,13 @@ private Q_SLOTS:
         QVERIFY(renderer.setPatch(fixtures, nullptr));
         renderer.setThreadCount(3);
         int allocations = 0;
-        for (int frame = 0; frame < 400; ++frame) {
+        for (int frame = 0; frame < 2300; ++frame) {
             QVector<LXColor> colors;
             for (int i = 0; i < fixtures.size(); ++i)
                 colors.append(anyColor(random));
             const int before = s_allocations;
             renderer.render(colors);
-            if (frame >= 300)
+            if (frame >= 2000)
                 allocations += s_allocations - before;
         }
         QCOMPARE(allocations, 0);
