@@ -15,10 +15,14 @@
 // Counts what is taken of the heap.
 static std::atomic<int> s_allocations{0};
 
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept
 {
     ++s_allocations;
-    if (void* memory = std::malloc(size))
+    return std::malloc(size);
+}
+void* operator new(std::size_t size)
+{
+    if (void* memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
