@@ -10,6 +10,8 @@ namespace lxcolor {
 
 /// The largest number of emitters that is solved for.
 constexpr int kMaxEmitters = 5;
+/// The mixes of so many: ten pairs, and seven ways to light the other three.
+constexpr int kMostMixes = 70;
 
 /// Levels of a fixture's emitters, linear light 0..1.
 struct LevelSet

@@ -2,8 +2,6 @@
 #include "MixBounds_p.h"
 #include "PreparedSolver_p.h"
 
-#include <QVarLengthArray>
-
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -95,22 +93,23 @@ MixShortlist PreparedSolver::shortlistOf(int cellNumber) const
     const MixBounder bounder(emitters, m_count, box);
 
     const std::vector<Mix>& mixes = mixesOf(m_count);
-    QVarLengthArray<MixBounds, 70> bounds; // all mixes of five emitters
+    MixBounds bounds[kMostMixes]; // not of the heap: frames come here
+    const MixBounds* const end = bounds + mixes.size();
     double certainLuminance = 0.0;
-    for (const Mix& mix : mixes) {
-        bounds.append(bounder.boundsOf(mix));
-        if (bounds.last().alwaysValid)
-            certainLuminance = std::max(certainLuminance, bounds.last().lowestLuminance);
+    for (size_t number = 0; number < mixes.size(); ++number) {
+        const MixBounds& mix = bounds[number] = bounder.boundsOf(mixes[number]);
+        if (mix.alwaysValid)
+            certainLuminance = std::max(certainLuminance, mix.lowestLuminance);
     }
 
-    const auto isOutshone = [&bounds](const MixBounds& mix) {
-        return std::any_of(bounds.cbegin(), bounds.cend(),
+    const auto isOutshone = [&bounds, end](const MixBounds& mix) {
+        return std::any_of(static_cast<const MixBounds*>(bounds), end,
                            [&mix](const MixBounds& rival) { return rival.alwaysValid && rival.surelyOutshines(mix); });
     };
 
     MixShortlist shortlist;
     for (size_t number = 0; number < mixes.size(); ++number) {
-        const MixBounds& mix = bounds[static_cast<int>(number)];
+        const MixBounds& mix = bounds[number];
         if (!mix.neverValid && !(mix.highestLuminance < certainLuminance) && !isOutshone(mix))
             shortlist.append(static_cast<int>(number));
     }
