@@ -19,6 +19,13 @@ struct LevelSet
     double level[kMaxEmitters] = {};
 };
 
+/// Writes the first \a count levels times Y.
+inline void writeScaled(const LevelSet& found, double Y, int count, double* levels)
+{
+    for (int k = 0; k < count; ++k)
+        levels[k] = found.level[k] * Y;
+}
+
 /**
  * The brightest mix of a fixture's emitters that has a chromaticity: two emitters solved for, the others off or full
  * and at least one of them full. All zero when no mix has it, and for fewer than three emitters; emitters beyond the

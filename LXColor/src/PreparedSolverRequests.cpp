@@ -33,16 +33,9 @@ int append(MixShortlist shortlist, int request, int count, Candidates& candidate
 /// Level by level into the place where they are read: who joins them before has the processor wait for the joint.
 void write(const MixLevels& mix, double a, double b, double Y, int emitterCount, double* levels)
 {
-    for (int k = 0; k < emitterCount; ++k)
-        levels[k] = mix.full.level[k] * Y;
+    writeScaled(mix.full, Y, emitterCount, levels);
     levels[mix.i] = a * Y;
     levels[mix.j] = b * Y;
-}
-
-void write(const LevelSet& found, double Y, int emitterCount, double* levels)
-{
-    for (int k = 0; k < emitterCount; ++k)
-        levels[k] = found.level[k] * Y;
 }
 
 /// Finds the brightest mix of each request; of those without one it is that for no mix. Of equals the first wins, and
@@ -92,10 +85,10 @@ void PreparedSolver::solveWithoutList(const Yxy& light, double* levels) const
     for (int k = 0; k < kGamutCorners && m_hasCorners; ++k) {
         if (light.xy.x != m_corners[k].x || light.xy.y != m_corners[k].y)
             continue;
-        write(m_atCorners[k], light.Y, m_count, levels);
+        writeScaled(m_atCorners[k], light.Y, m_count, levels);
         return;
     }
-    write(solveBrightestMix(view(), light.xy), light.Y, m_count, levels);
+    writeScaled(solveBrightestMix(view(), light.xy), light.Y, m_count, levels);
 }
 
 void PreparedSolver::solveBlock(const Yxy* lights, int count, double* levels, int stride) const
@@ -176,7 +169,7 @@ void PreparedSolver::solve(const Yxy& light, double* levels) const
     if (best.luminance > 0.0)
         write(m_levels[place], best.a, best.b, light.Y, m_count, levels);
     else
-        write(LevelSet(), light.Y, m_count, levels);
+        writeScaled(LevelSet(), light.Y, m_count, levels);
 }
 
 void PreparedSolver::solveList(MixShortlist shortlist, double yOverX, double yOverZ, double Y, double* levels) const

@@ -48,12 +48,6 @@ const PreparedSolver* solverFor(int recordId, const EmitterView& emitters)
     return solver && solver->isFor(emitters) ? solver : prepare(slot, emitters, emitters.count);
 }
 
-void scale(const LevelSet& found, double Y, int count, double* levels)
-{
-    for (int k = 0; k < count; ++k)
-        levels[k] = found.level[k] * Y;
-}
-
 EmitterView firstOf(const EmitterView& emitters, int count)
 {
     return {emitters.X, emitters.Y, emitters.Z, std::min({emitters.count, count, kMaxEmitters})};
@@ -68,7 +62,7 @@ void solveForRecord(int recordId, const EmitterView& emitters, int count, const 
     const PreparedSolver* const solver = solverFor(recordId, used);
     if (!solver)
         for (int i = 0; i < lightCount; ++i)
-            scale(solveBrightestMix(used, lights[i].xy), lights[i].Y, used.count, levels + i * stride);
+            writeScaled(solveBrightestMix(used, lights[i].xy), lights[i].Y, used.count, levels + i * stride);
     else if (lightCount == 1)
         solver->solve(*lights, levels);
     else
